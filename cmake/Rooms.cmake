@@ -1,0 +1,26 @@
+# A room is one static library. It links the rooms it is given and nothing else, so that the linker enforces
+# their order: runtime, platform, foundation, ui, model, editors, workflow, wx, apps.
+function(add_room name)
+  cmake_parse_arguments(ROOM "" "" "LINKS;EXTRA" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  foreach(folder IN LISTS ROOM_EXTRA)
+    file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp)
+    list(APPEND sources ${more})
+  endforeach()
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ROOM_LINKS})
+endfunction()
+
+# The tests of one room: every source of the folder in one program, each test known to CTest.
+function(add_room_tests name)
+  cmake_parse_arguments(ROOM "" "" "LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${ROOM_LINKS} GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,10 @@
+# Writes OUTPUT, a C++ source that defines qb::kEmbeddedIcons from the SVG files in FOLDER.
+file(GLOB icons ${FOLDER}/*.svg)
+set(text "#include \"wx/EmbeddedIcons.h\"\n\nnamespace qb {\n\nconst std::vector<EmbeddedIcon> kEmbeddedIcons = {\n")
+foreach(icon IN LISTS icons)
+  get_filename_component(key ${icon} NAME_WE)
+  file(READ ${icon} svg)
+  string(APPEND text "    {\"${key}\", R\"svg(${svg})svg\"},\n")
+endforeach()
+string(APPEND text "};\n\n}  // namespace qb\n")
+file(WRITE ${OUTPUT} "${text}")

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qb {
+
+class Environment {
+ public:
+  virtual ~Environment() = default;
+  /// Empty if the variable is not set.
+  virtual std::string Variable(std::string_view name) = 0;
+};
+
+/// Top-level windows of other programs.
+class ApplicationWindows {
+ public:
+  virtual ~ApplicationWindows() = default;
+  /// The window of exactly this class or title (an absent one does not count); 0 if there is none.
+  virtual std::uintptr_t Find(std::optional<std::string_view> windowClass,
+                              std::optional<std::string_view> title) = 0;
+  /// Sends a copy-data record and returns the reply; with window 0 it has no effect. `payload` absent: no
+  /// data.
+  virtual std::int64_t SendCopyData(std::uintptr_t window, std::uintptr_t number,
+                                    std::optional<std::u16string_view> payload) = 0;
+};
+
+/// An object of another program, reached by the names of its members.
+class AutomationObject {
+ public:
+  virtual ~AutomationObject() = default;
+  /// Raises what the object raises.
+  virtual std::string TextProperty(std::string_view name) = 0;
+};
+
+class Automation {
+ public:
+  virtual ~Automation() = default;
+  /// The running object of a class such as "Visio.Application". Nothing where none runs.
+  virtual std::shared_ptr<AutomationObject> ActiveObject(std::string_view className) = 0;
+};
+
+}  // namespace qb

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace qb {
+
+/// A byte that does not count around names and values.
+bool IsProfileBlank(char byte);
+
+/// `text` without the blanks at its front and at its end, or at its front only.
+std::string_view TrimProfileBlanks(std::string_view text);
+std::string_view TrimLeadingProfileBlanks(std::string_view text);
+
+/// `text` up to its first NUL.
+std::string_view UpToFirstNul(std::string_view text);
+
+/// What one line of a profile file says. The texts are parts of the line.
+struct ProfileLine {
+  enum class Kind { kBlank, kComment, kSection, kKey };
+  Kind kind = Kind::kBlank;
+  std::string_view name;  ///< of the section or the key, without blanks around it
+  std::optional<std::string_view>
+      text;  ///< what stands behind `=`, blanks and quotes included; none without `=`
+};
+
+/// Reads one line, its line end included or not.
+ProfileLine ParseProfileLine(std::string_view line);
+
+/// The value that `text` behind `=` stands for: without blanks around it, up to a NUL. Quotes are kept.
+std::string_view StoredValue(std::string_view text);
+
+/// A stored value without its one pair of enclosing quotes.
+std::string_view Unquoted(std::string_view value);
+
+/// A number for the name that is the same for all spellings of its case; never 0. Only ASCII at the front of
+/// the name counts, up to 64 bytes, so that no code page need be known and a giant name costs nothing.
+std::uint32_t ProfileNameHash(std::string_view name);
+
+}  // namespace qb

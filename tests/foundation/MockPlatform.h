@@ -1,0 +1,109 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Platform.h"
+
+namespace qb {
+
+class MockFileSystem : public FileSystem {
+ public:
+  MOCK_METHOD(std::optional<FileInfo>, Find, (std::string_view), (override));
+  MOCK_METHOD(std::vector<std::string>, Search, (std::string_view, unsigned), (override));
+  MOCK_METHOD(std::string, Read, (std::string_view), (override));
+  MOCK_METHOD(std::unique_ptr<FileWriter>, OpenForWriting, (std::string_view), (override));
+  MOCK_METHOD(std::unique_ptr<FileWriter>, OpenForAppending, (std::string_view), (override));
+  MOCK_METHOD(bool, Copy, (std::string_view, std::string_view), (override));
+  MOCK_METHOD(void, Remove, (std::string_view), (override));
+  MOCK_METHOD(void, MakeDirectory, (std::string_view), (override));
+  MOCK_METHOD(void, SetAttributes, (std::string_view, unsigned), (override));
+  MOCK_METHOD(std::string, CurrentDirectory, (), (override));
+  MOCK_METHOD(std::string, ProgramDirectory, (), (override));
+  MOCK_METHOD(std::string, Resolved, (std::string_view), (override));
+  MOCK_METHOD(std::optional<FileStamp>, Stamp, (std::string_view), (override));
+  MOCK_METHOD(FileStamp, ReplaceContent, (std::string_view, std::string_view), (override));
+  MOCK_METHOD(std::unique_ptr<FileLock>, Lock, (std::string_view), (override));
+};
+
+class MockProfileFiles : public ProfileFiles {
+ public:
+  MOCK_METHOD(std::string, GetPrivateProfileString,
+              (std::string_view, std::string_view, std::string_view, std::size_t, std::string_view),
+              (override));
+  MOCK_METHOD(std::size_t, ValueLength,
+              (std::string_view, std::string_view, std::string_view, std::string_view), (override));
+  MOCK_METHOD(bool, WritePrivateProfileString,
+              (std::string_view, std::optional<std::string_view>, std::optional<std::string_view>,
+               std::string_view),
+              (override));
+  MOCK_METHOD(std::string, GetPrivateProfileSectionNames, (std::size_t, std::string_view), (override));
+  MOCK_METHOD(std::uint64_t, Length, (std::string_view), (override));
+  MOCK_METHOD(CodePage, CodePageOf, (std::string_view), (override));
+  MOCK_METHOD(std::string, LastRefusal, (), (override));
+  MOCK_METHOD(void, ForgetRefusal, (), (override));
+  MOCK_METHOD(void, BeginBatch, (std::string_view), (override));
+  MOCK_METHOD(bool, EndBatch, (), (override));
+};
+
+class MockRegistry : public Registry {
+ public:
+  MOCK_METHOD(std::optional<RegistryValue>, Query, (Hive, std::string_view, std::string_view), (override));
+  MOCK_METHOD(long, SetText, (Hive, std::string_view, std::string_view, std::string_view), (override));
+};
+
+/// Environment variables that a test sets.
+class FakeEnvironment : public Environment {
+ public:
+  std::string Variable(std::string_view name) override {
+    const auto found = variables.find(std::string(name));
+    return found == variables.end() ? std::string{} : found->second;
+  }
+
+  std::map<std::string, std::string> variables;
+};
+
+/// A desktop with at most one foreign window, which keeps the records that it is sent.
+class FakeWindows : public ApplicationWindows {
+ public:
+  struct Record {
+    std::uintptr_t window = 0;
+    std::uintptr_t number = 0;
+    std::optional<std::u16string> payload;
+  };
+
+  std::uintptr_t Find(std::optional<std::string_view> windowClass,
+                      std::optional<std::string_view> title) override {
+    return !windowClass && title && *title == windowTitle ? kWindow : 0;
+  }
+
+  std::int64_t SendCopyData(std::uintptr_t window, std::uintptr_t number,
+                            std::optional<std::u16string_view> payload) override {
+    records.push_back({window, number, std::nullopt});
+    if (payload) records.back().payload = std::u16string(*payload);
+    return reply;
+  }
+
+  static constexpr std::uintptr_t kWindow = 4711;
+  std::string windowTitle;
+  std::int64_t reply = 0;
+  std::vector<Record> records;
+};
+
+/// Puts a new object in the place of one part of the installed platform and returns it.
+template <class Implementation, class Interface>
+Implementation& Replace(std::unique_ptr<Interface>& part) {
+  auto object = std::make_unique<Implementation>();
+  Implementation& replaced = *object;
+  part = std::move(object);
+  return replaced;
+}
+
+}  // namespace qb

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace qb {
+
+/// The command tail that the arguments of a process make: they are joined by blanks and stand as they are,
+/// quotes included, except that a relative path becomes absolute and gets the separators of the program.
+/// Empty without arguments.
+std::string CommandTail(const std::vector<std::string>& arguments);
+
+}  // namespace qb

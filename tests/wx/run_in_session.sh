@@ -1,0 +1,31 @@
+#!/bin/sh
+# Runs a command in a desktop session of its own: X server, window manager, session bus, accessibility bus, and a
+# home folder that is thrown away afterwards. Usage: run_in_session.sh <command> [argument...]
+set -eu
+
+home=$(mktemp -d)
+cleanup() {
+  [ -z "${manager:-}" ] || kill "$manager" 2>/dev/null || true
+  [ -z "${server:-}" ] || kill "$server" 2>/dev/null || true
+  rm -rf "$home"
+}
+trap cleanup EXIT
+trap 'exit 1' INT TERM
+
+mkdir -p "$home/config" "$home/data" "$home/cache" "$home/runtime"
+chmod 700 "$home/runtime"
+export HOME="$home" XDG_CONFIG_HOME="$home/config" XDG_DATA_HOME="$home/data" XDG_CACHE_HOME="$home/cache"
+export XDG_RUNTIME_DIR="$home/runtime" XDG_DATA_DIRS=/usr/local/share:/usr/share
+export GDK_BACKEND=x11 NO_AT_BRIDGE=0 LC_ALL=C.UTF-8
+unset DBUS_SESSION_BUS_ADDRESS WAYLAND_DISPLAY
+
+# The server says on the pipe which display it found free.
+mkfifo "$home/display"
+Xvfb -displayfd 3 -screen 0 "${QB_SCREEN:-1280x900x24}" -nolisten tcp 3>"$home/display" 2>/dev/null &
+server=$!
+read -r number <"$home/display"
+export DISPLAY=":$number"
+openbox >/dev/null 2>&1 &
+manager=$!
+
+dbus-run-session -- "$@"

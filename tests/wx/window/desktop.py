@@ -1,0 +1,236 @@
+"""The desktop around the program under test: starting it, waiting, finding what is on screen, keys and pointer."""
+
+import os
+import pathlib
+import signal
+import subprocess
+import time
+
+import pyatspi
+
+PROGRAM = os.environ.get("QB_TRANSLATOR", "")
+PICTURES = os.environ.get("QB_PICTURES", "")
+DEADLINE = float(os.environ.get("QB_DEADLINE", "30"))
+POLL = 0.03
+MAIN_WINDOW = "ORB Quillbank Translator: Explorer"
+PRODUCT = "ORB Quillbank Translator"
+SETTINGS = r"[HKEY_CURRENT_USER\Software\ORB\Quillbank\Quillbank Translator]"
+TABLES = ("table", "tree table")
+PIXEL_COORDINATES = pyatspi.DESKTOP_COORDS
+
+
+def wait_until(condition, what, deadline=None):
+    """Waits for a condition and returns its value. Raises AssertionError naming `what` when time is up."""
+    end = time.monotonic() + (deadline or DEADLINE)
+    while True:
+        try:
+            value = condition()
+        except Exception:  # what is looked at may vanish meanwhile: that is "not yet"
+            value = None
+        if value:
+            return value
+        if time.monotonic() > end:
+            picture("failed-" + "".join(each if each.isalnum() else "-" for each in what)[:60])
+            raise AssertionError(f"did not come: {what}")
+        time.sleep(POLL)
+
+
+def run(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def keys(*names):
+    """Presses key combinations one after the other, as "ctrl+q", in the window that has the focus."""
+    run("xdotool", "key", "--clearmodifiers", *names)
+
+
+def picture(name):
+    """Keeps a picture of the whole screen, if a folder was named. It waits for the screen to come to rest, but not
+    for ever, since a text cursor never does."""
+    if not PICTURES:
+        return
+    os.makedirs(PICTURES, exist_ok=True)
+    path = f"{PICTURES}/{name}.png"
+    last = None
+    for _ in range(5):
+        run("import", "-window", "root", path)
+        now = run("identify", "-format", "%#", path)
+        if now == last:
+            return
+        last = now
+
+
+def windows_named(name):
+    """The numbers of the windows on screen whose titles match."""
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name], capture_output=True, text=True)
+    return found.stdout.split()  # it counts as failed where there are none
+
+
+def windows_on_screen():
+    """The numbers of all windows that can be seen, tool tips among them."""
+    return set(windows_named(".*"))
+
+
+def write_settings(values):
+    """Settings of an earlier run. A session number makes the program take the others as they stand."""
+    folder = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "quillbank-translator"
+    folder.mkdir(parents=True, exist_ok=True)
+    folder_of_program = os.path.dirname(PROGRAM).replace("/", "\\")
+    settings = {"SessionNumber": "1", "InterfaceLanguage": "en", "ViewDetailed": "0", "UserID": "ORB AG",
+                "HelpFile": r"en\00005554.chm", "InstallationPath": folder_of_program,
+                "ProgramGroup": "ORB Quillbank", "TimerInterval": "5000", "LastFile1": "-", "LastFile2": "-",
+                "LastFile3": "-", "LastFile4": "-", "TraceFile": "TraceFile", "Trace": "1"}
+    settings.update(values)
+    lines = [SETTINGS] + [f"{name}={value}" for name, value in settings.items()]
+    (folder / "registry.ini").write_text("\r\n".join(lines) + "\r\n", encoding="utf-8")
+
+
+def read_setting(name):
+    text = (pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "quillbank-translator" / "registry.ini").read_text("utf-8")
+    for line in text.splitlines():
+        if line.startswith(name + "="):
+            return line[len(name) + 1:].strip('"')
+    return None
+
+
+def extents(node):
+    """Where something is on screen."""
+    return node.queryComponent().getExtents(PIXEL_COORDINATES)
+
+
+def settled_extents(find):
+    """Where something is on screen, once it has stopped moving."""
+    places = [None]
+
+    def settled():
+        places.append(extents(find()))
+        return places[-1].width > 0 and places[-1] == places[-2] and places[-1]
+
+    return wait_until(settled, "a place on screen")
+
+
+def has(node, state):
+    return node.getState().contains(state)
+
+
+def walk(node, into_tables=True):
+    """The node and everything below it, menus too. Tables can be many rows long, each a question to the program."""
+    yield node
+    if not into_tables and node.getRoleName() in TABLES:
+        return
+    for index in range(node.childCount):
+        child = node.getChildAtIndex(index)
+        if child is not None:
+            yield from walk(child, into_tables)
+
+
+class Translator:
+    """One run of the program."""
+
+    def __init__(self, *arguments, folder):
+        self.process = subprocess.Popen([PROGRAM, *arguments], cwd=folder)
+        self.window()
+
+    def stop(self):
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGKILL)
+        self.process.wait()
+
+    def application(self):
+        for application in pyatspi.Registry.getDesktop(0):
+            if application is not None and application.get_process_id() == self.process.pid:
+                return application
+        return None
+
+    def find(self, role, name=None, below=None):
+        """The first thing of a role (and name), or None."""
+        for node in walk(below or self.application(), into_tables=below is not None):
+            if node.getRoleName() == role and (name is None or node.name == name):
+                return node
+        return None
+
+    def get(self, role, name=None, below=None):
+        return wait_until(lambda: self.find(role, name, below and below()), f"{role} '{name}'")
+
+    def window(self):
+        return self.get("frame", MAIN_WINDOW)
+
+    def menu(self, name):
+        return self.get("menu", name)
+
+    def entry(self, name):
+        """The entry of the menu bar of this name, None if there is none now."""
+        bar = self.find("menu bar")
+        return next((node for node in walk(bar)
+                     if node.getRoleName() in ("menu item", "check menu item", "menu") and node.name == name), None)
+
+    def entries(self, menu):
+        """Names of a menu's entries in order, "-" for a separator."""
+        return ["-" if node.getRoleName() == "separator" else node.name for node in self.menu(menu)]
+
+    def choose(self, name):
+        self.entry(name).queryAction().doAction(0)
+
+    def tool(self, name):
+        return self.find("push button", name, self.find("tool bar"))
+
+    def tree(self):
+        return self.find("tree table", "Documents")
+
+    def list(self):
+        return self.find("table", "Documents")
+
+    def cell(self, text):
+        """The table cell on screen with this text, in whichever view is shown."""
+        for view in (self.tree(), self.list()):
+            if view is not None and has(view, pyatspi.STATE_SHOWING):
+                found = self.find("table cell", text, view)
+                if found is not None:
+                    return found
+        return None
+
+    def click(self, text, button=1, repeat=1):
+        """Clicks on the row with this text."""
+        box = settled_extents(lambda: self.cell(text))
+        x, y = box.x + min(box.width // 2, 40), box.y + box.height // 2
+        run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(repeat), "--delay", "60", str(button))
+
+    def select(self, text):
+        """Selects the row with this text by a click."""
+        self.click(text)
+        wait_until(lambda: has(self.cell(text), pyatspi.STATE_SELECTED), f"selection of '{text}'")
+
+    def focus_window(self):
+        """Gives the window the keyboard."""
+        number = wait_until(lambda: windows_named(MAIN_WINDOW), "window on screen")[-1]
+        run("xdotool", "windowactivate", "--sync", number)
+        return number
+
+    def box(self):
+        """The dialog that is up, None if there is none."""
+        for child in self.application():
+            if child.getRoleName() in ("dialog", "alert", "file chooser"):
+                return child
+        return None
+
+    def box_texts(self):
+        return [node.name for node in walk(self.box()) if node.getRoleName() == "label" and node.name]
+
+    def status(self):
+        """The text in the status bar."""
+        return self.find("label", None, self.find("status bar", "Status bar")).name
+
+    def wait_for_box(self, text):
+        wait_until(lambda: any(text in each for each in self.box_texts()), f"box with '{text}'")
+
+    def wait_for_no_box(self):
+        wait_until(lambda: self.box() is None, "end of the box")
+
+    def answer(self, button):
+        self.get("push button", button, self.box).queryAction().doAction(0)
+        self.wait_for_no_box()
+
+    def wait_for_end(self):
+        """Waits until the program has ended and returns its exit code."""
+        wait_until(lambda: self.process.poll() is not None, "end of the program")
+        return self.process.returncode

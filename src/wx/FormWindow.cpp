@@ -3,9 +3,11 @@
 #include <wx/dialog.h>
 
 #include "ui/frmAbout.h"
+#include "ui/frmFileCheckinDialog.h"
 #include "ui/frmQBTranslator.h"
 #include "ui/frmSplash.h"
 #include "wx/AboutWindow.h"
+#include "wx/CheckinWindow.h"
 #include "wx/MainWindow.h"
 #include "wx/SplashWindow.h"
 
@@ -55,6 +57,12 @@ void FormWindow::Hide() {
   }
 }
 
+void FormWindow::Repaint() {
+  ApplyChanges();
+  Window().Refresh();
+  Window().Update();
+}
+
 void FormWindow::ControlChanged(Control&) {
   RequestApply();
 }
@@ -76,6 +84,8 @@ std::unique_ptr<FormWindow> MakeFormWindow(Form& form, wxWindow* parent) {
   if (auto* main = dynamic_cast<frmQBTranslator*>(&form)) return std::make_unique<MainWindow>(*main);
   if (auto* splash = dynamic_cast<frmSplash*>(&form)) return std::make_unique<SplashWindow>(*splash);
   if (auto* about = dynamic_cast<frmAbout*>(&form)) return std::make_unique<AboutWindow>(*about, parent);
+  if (auto* checkin = dynamic_cast<frmFileCheckinDialog*>(&form))
+    return std::make_unique<CheckinWindow>(*checkin, parent);
   return nullptr;
 }
 

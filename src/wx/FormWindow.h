@@ -27,6 +27,9 @@ class FormWindow : private FormObserver {
   void Hide();
   bool IsModal() { return modal_; }
 
+  /// Draws what changed, now.
+  virtual void Repaint();
+
   /// Applies what was collected. Does nothing if nothing was.
   void ApplyChanges();
   /// Lets go of the form, which may end before the window does.

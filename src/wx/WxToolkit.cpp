@@ -97,11 +97,7 @@ void WxToolkit::Retire(const Form& form) {
 }
 
 void WxToolkit::Repaint(Form& form) {
-  FormWindow* window = Find(form);
-  if (window == nullptr) return;
-  window->ApplyChanges();
-  window->Window().Refresh();
-  window->Window().Update();
+  if (FormWindow* window = Find(form)) window->Repaint();
 }
 
 void WxToolkit::PopupMenu(MenuItem& menu) {

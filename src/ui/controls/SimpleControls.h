@@ -28,6 +28,26 @@ class Button : public VisibleControl {
   std::function<void()> Click;
 };
 
+class TextBox : public VisibleControl {
+ public:
+  using VisibleControl::VisibleControl;
+
+  Property<std::string> Text{*this, {}};
+  Property<bool> Locked{*this, false};  ///< the user can read and copy the text but not change it
+};
+
+/// A bar that fills from `Min` to `Max`.
+class ProgressBar : public VisibleControl {
+ public:
+  using VisibleControl::VisibleControl;
+
+  bool HasFont() const override { return false; }
+
+  Property<int> Min{*this, 0};
+  Property<int> Max{*this, 100};
+  Property<int> Value{*this, 0};
+};
+
 /// A picture, named by its icon.
 class Image : public VisibleControl {
  public:

@@ -32,11 +32,6 @@ void AppendField(std::u16string& record, std::string_view field) {
   record.push_back(u'\0');
 }
 
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80U; });
-}
-
 bool IsRelative(std::string_view fileName) {
   return !fileName.starts_with('\\');
 }

@@ -9,6 +9,7 @@
 #include "foundation/OrbQBCommonFunctionsMod.h"
 #include "foundation/gRvdError.h"
 #include "foundation/gRvdFile.h"
+#include "model/NumberedName.h"
 #include "model/PackageLoader.h"
 #include "platform/Platform.h"
 #include "runtime/Conversions.h"
@@ -70,7 +71,8 @@ bool CPxfFile::HoldsLoadedLoio(std::string_view section) const {
   // Between one package and the next, the documents in memory are not those of the file.
   if (loadedFile_ != strFileName) return number == 0;
   const std::size_t witness = number == 0 || number > loadedLoios_->Count() ? 1 : number;
-  return Read(std::to_string(witness), "LOIO") == loadedLoios_->Item(witness)->LOIO_GUID();
+  return Read(NumberedName(static_cast<std::int32_t>(witness)), "LOIO") ==
+         loadedLoios_->Item(witness)->LOIO_GUID();
 }
 
 bool CPxfFile::MayWrite(std::string_view section) const {

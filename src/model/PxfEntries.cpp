@@ -6,6 +6,7 @@
 
 #include "foundation/CTrace.h"
 #include "model/CPxfFile.h"
+#include "model/NumberedName.h"
 #include "platform/Platform.h"
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
@@ -17,17 +18,6 @@ constexpr std::string_view kModule = "CPxfFile";
 constexpr std::string_view kUnknownTime = "00000000000000";
 constexpr long kOutOfStackSpace = 28;
 constexpr int kStackSpace = 100;
-
-/// A number with a word behind it, as keys of a language version are spelled: "2PATH".
-std::string NumberedKey(std::int32_t number, std::string_view word) {
-  std::string key = std::to_string(number);
-  return key += word;
-}
-
-/// "2FILE_NAME3".
-std::string FileKey(std::int32_t lPHIO, std::string_view word, std::int32_t file) {
-  return NumberedKey(lPHIO, word) += std::to_string(file);
-}
 
 /// Counts the calls that a pair of procedures has open, and ends them as the language does.
 class OpenCall {
@@ -52,11 +42,11 @@ const std::string& Later(const std::string& stamp, const std::string& fileStamp)
 }  // namespace
 
 std::string CPxfFile::GetLOIOPXFEntry(std::int32_t lLOIO, std::string_view key) {
-  return Read(std::to_string(lLOIO), key);
+  return Read(NumberedName(lLOIO), key);
 }
 
 bool CPxfFile::WriteLOIOPXFEntry(std::int32_t lLOIO, std::string_view key, std::string_view value) {
-  const bool written = Write(std::to_string(lLOIO), key, value);
+  const bool written = Write(NumberedName(lLOIO), key, value);
   Trace(3, kModule, "WriteLOIOPXFEntry",
         "write to PXF: '{}'<<< LOIO: '{}' key: '{}' Value: '{}' PxfFileName: '{}'", BooleanText(written),
         lLOIO, key, value, strFileName);
@@ -64,7 +54,7 @@ bool CPxfFile::WriteLOIOPXFEntry(std::int32_t lLOIO, std::string_view key, std::
 }
 
 std::string CPxfFile::GetPHIOPXFEntry(std::int32_t lLOIO, std::int32_t lPHIO, std::string_view key) {
-  std::string value = Read(std::to_string(lLOIO), NumberedKey(lPHIO, key));
+  std::string value = Read(NumberedName(lLOIO), NumberedName(lPHIO, key));
   Trace(3, kModule, "GetPHIOPXFEntry", "read PXF: '{}'<<< LOIO: '{}' PHIO: '{}' Entry: '{}'", value, lLOIO,
         lPHIO, key);
   return value;
@@ -72,7 +62,7 @@ std::string CPxfFile::GetPHIOPXFEntry(std::int32_t lLOIO, std::int32_t lPHIO, st
 
 bool CPxfFile::WritePHIOPXFEntry(std::int32_t lLOIO, std::int32_t lPHIO, std::string_view key,
                                  std::string_view value) {
-  const bool written = Write(std::to_string(lLOIO), NumberedKey(lPHIO, key), value);
+  const bool written = Write(NumberedName(lLOIO), NumberedName(lPHIO, key), value);
   Trace(3, kModule, "WritePHIOPXFEntry",
         "write to PXF: '{}'<<< LOIO: '{}' PHIO: '{}' key: '{}' Value: '{}' PxfFileName: '{}'",
         BooleanText(written), lLOIO, lPHIO, key, value, strFileName);
@@ -81,7 +71,7 @@ bool CPxfFile::WritePHIOPXFEntry(std::int32_t lLOIO, std::int32_t lPHIO, std::st
 
 std::string CPxfFile::GetPHIOFilePXFEntry(std::int32_t lLOIO, std::int32_t lPHIO, std::int32_t file,
                                           std::string_view key) {
-  std::string value = Read(std::to_string(lLOIO), FileKey(lPHIO, key, file));
+  std::string value = Read(NumberedName(lLOIO), NumberedName(lPHIO, key, file));
   Trace(3, kModule, "GetPHIOFilePXFEntry", "read PXF: '{}'<<< LOIO: '{}' PHIO: '{}' Entry: '{}' File: '{}'",
         value, lLOIO, lPHIO, key, file);
   return value;
@@ -89,7 +79,7 @@ std::string CPxfFile::GetPHIOFilePXFEntry(std::int32_t lLOIO, std::int32_t lPHIO
 
 bool CPxfFile::WriteFilePXFEntry(std::int32_t lLOIO, std::int32_t lPHIO, std::int32_t file,
                                  std::string_view key, std::string_view value) {
-  const bool written = Write(std::to_string(lLOIO), FileKey(lPHIO, key, file), value);
+  const bool written = Write(NumberedName(lLOIO), NumberedName(lPHIO, key, file), value);
   Trace(3, kModule, "WriteFilePXFEntry",
         "write PXF: '{}'<<< LOIO: '{}' PHIO: '{}' Key: '{}' File: '{}' Value: '{}'", BooleanText(written),
         lLOIO, lPHIO, key, file, value);

@@ -10,6 +10,7 @@
 #include "foundation/gRvdError.h"
 #include "foundation/modMultiLanguage.h"
 #include "model/CPxfFile.h"
+#include "model/NumberedName.h"
 #include "platform/Platform.h"
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
@@ -22,11 +23,6 @@ constexpr std::string_view kModule = "CPxfFile";
 constexpr std::string_view kAddSection = "ADD";
 constexpr std::size_t kBufferLength = 32767;  // characters
 constexpr std::uint64_t kHighestNumber = 1'000'000'000;
-
-std::string ListKey(std::int32_t number, std::string_view word) {
-  std::string key = std::to_string(number);
-  return key += word;
-}
 
 /// The names of all sections, separated by NUL. A listing that may have been cut is read again, since a name
 /// that it lacks would be given away twice.
@@ -69,7 +65,7 @@ std::string CPxfFile::GetNewAddSectionName() {
 }
 
 void CPxfFile::WriteLinkList(std::int32_t lLOIO, std::int32_t lPHIO, const Collection<std::string>& links) {
-  if (!MayWrite(std::to_string(lLOIO))) return;
+  if (!MayWrite(NumberedName(lLOIO))) return;
   const ProfileBatch oneFlush(*ThePlatform().profiles, strFileName);
   std::string section = GetPHIOPXFEntry(lLOIO, lPHIO, "ADDSECTION");
   if (section.empty()) {
@@ -79,9 +75,9 @@ void CPxfFile::WriteLinkList(std::int32_t lLOIO, std::int32_t lPHIO, const Colle
   if (!Write(section, "COUNT", std::to_string(links.Count()))) return;
   for (std::int32_t i = 1; i <= static_cast<std::int32_t>(links.Count()); ++i) {
     const std::string& link = links.Item(static_cast<std::size_t>(i));
-    Write(section, ListKey(i, "NAME"), "");
-    Write(section, ListKey(i, "VALUE"), link);
-    Write(section, ListKey(i, "INFO"), "");
+    Write(section, NumberedName(i, "NAME"), "");
+    Write(section, NumberedName(i, "VALUE"), link);
+    Write(section, NumberedName(i, "INFO"), "");
     Trace(3, kModule, "WriteHyperlinks",
           "write Hyp.-Link to PXF: Section: '{} '{}NAME': '{} '{}VALUE': '{} '{}INFO': '{}'", section, i, "",
           i, link, i, "");
@@ -100,7 +96,7 @@ bool CPxfFile::WriteHyperlinks(std::int32_t lLOIO, std::int32_t lPHIO,
 }
 
 void CPxfFile::WritePropertyList(std::int32_t lLOIO, std::int32_t lPHIO, CProperties& props) {
-  if (!MayWrite(std::to_string(lLOIO))) return;
+  if (!MayWrite(NumberedName(lLOIO))) return;
   const ProfileBatch oneFlush(*ThePlatform().profiles, strFileName);
   std::string section = GetPHIOPXFEntry(lLOIO, lPHIO, "PROPSECTION");
   if (section.empty()) {
@@ -110,9 +106,9 @@ void CPxfFile::WritePropertyList(std::int32_t lLOIO, std::int32_t lPHIO, CProper
   Write(section, "COUNT", std::to_string(props.Count()));
   for (std::int32_t i = 1; i <= static_cast<std::int32_t>(props.Count()); ++i) {
     const CProperty& property = props.Item(static_cast<std::size_t>(i));
-    Write(section, ListKey(i, "NAME"), property.Name);
-    Write(section, ListKey(i, "VALUE"), property.Value);
-    Write(section, ListKey(i, "INFO"), property.Info);
+    Write(section, NumberedName(i, "NAME"), property.Name);
+    Write(section, NumberedName(i, "VALUE"), property.Value);
+    Write(section, NumberedName(i, "INFO"), property.Info);
     Trace(3, kModule, "WritePHIOProperties",
           "write PHIO-Props to PXF: Section: '{} '{}NAME': '{} '{}VALUE': '{} '{}INFO': '{}'", section, i,
           property.Name, i, property.Value, i, property.Info);
@@ -134,14 +130,14 @@ std::shared_ptr<CProperties> CPxfFile::GetPHIOProperties(std::int32_t lLOIO, std
   if (section.empty()) return properties;
   const std::int32_t count = LenientNumber(Read(section, "COUNT"));
   for (std::int32_t i = 1; i <= count; ++i) {
-    const std::string name = Read(section, ListKey(i, "NAME"));
+    const std::string name = Read(section, NumberedName(i, "NAME"));
     if (name.empty()) {
       MsgBox(QBL_LText(
           "QB.QBTRANSLAT.CPXFFILE.000.GETPHIOPROPERTI001661.T.00003|Error while loading properties"));
       return nullptr;
     }
-    const CProperty& property =
-        properties->Add(name, Read(section, ListKey(i, "VALUE")), Read(section, ListKey(i, "INFO")), {});
+    const CProperty& property = properties->Add(name, Read(section, NumberedName(i, "VALUE")),
+                                                Read(section, NumberedName(i, "INFO")), {});
     Trace(3, kModule, "GetPHIOProperties", "fill Props-Coll.: '' Name: '{}' Value: '{}' Info: '{}'",
           property.Name, property.Value, property.Info);
   }

@@ -15,11 +15,6 @@ namespace {
 constexpr std::size_t kHeldFiles = 2;
 constexpr std::size_t kLongestCharacter = 4;  // bytes, in any code page
 
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80U; });
-}
-
 /// A text in the bytes of a code page; one that is ASCII already is not copied.
 class EncodedText {
  public:

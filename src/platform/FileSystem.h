@@ -33,6 +33,9 @@ struct FileInfo {
   FileTime creation;
 };
 
+/// Bytes in pieces that follow one another.
+using Pieces = std::vector<std::string_view>;
+
 /// What identifies one state of one file: two equal stamps mean the same content of the same file.
 struct FileStamp {
   std::uint64_t device = 0;
@@ -103,9 +106,10 @@ class FileSystem {
   /// The state of the file, links followed; nothing if there is no file.
   virtual std::optional<FileStamp> Stamp(std::string_view path) = 0;
 
-  /// Gives the file new content that reaches the disk whole or not at all, links resolved, mode kept. A
-  /// missing file is made. Returns the new state. Raises as told above, and then the old content stands.
-  virtual FileStamp ReplaceContent(std::string_view path, std::string_view bytes) = 0;
+  /// Gives the file new content, in pieces that follow one another, that reaches the disk whole or not at
+  /// all, links resolved, mode kept. A missing file is made. Returns the new state. Raises as told above, and
+  /// then the old content stands.
+  virtual FileStamp ReplaceContent(std::string_view path, const Pieces& content) = 0;
 
   /// Holds off every other process that asks for the lock of the same file. Waits a while for another holder;
   /// raises 70 if it does not give way.

@@ -62,9 +62,7 @@ void HeldProfile::Forget() {
 
 void HeldProfile::Change(const ProfileChange& change) {
   if (batches_ > 0) {
-    if (!image_.WouldChange(change)) return;
-    image_.Apply(change);
-    journal_.Add(change);
+    if (image_.Apply(change)) journal_.Add(change);
     return;
   }
   if (!loaded_) Verify();
@@ -105,7 +103,7 @@ void HeldProfile::EndBatch() {
 void HeldProfile::Flush() {
   Verify();  // somebody who does not ask for the lock may have written: his changes stay, ours are made once
              // more
-  stamp_ = files_.ReplaceContent(path_, image_.Bytes());
+  stamp_ = files_.ReplaceContent(path_, image_.Content());
   young_ = false;
   journal_.Clear();
 }

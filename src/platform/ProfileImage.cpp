@@ -4,17 +4,13 @@
 #include <utility>
 
 #include "platform/ProfileLine.h"
+#include "runtime/Text.h"
 
 namespace qb {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineBreakers("\r\n\0", 3);
-
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80U; });
-}
 
 char AsciiUpper(char byte) {
   return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 32) : byte;
@@ -25,10 +21,9 @@ std::string_view LineEndOf(std::string_view line) {
   return line.ends_with('\n') ? "\n" : "";
 }
 
-/// The text behind `key=` of a line that is spelled just so. That is the usual case, and needs no parsing.
-std::optional<std::string_view> TextBehind(std::string_view line, std::string_view key) {
-  if (line.size() <= key.size() || line[key.size()] != '=' || !line.starts_with(key)) return std::nullopt;
-  return line.substr(key.size() + 1);
+/// Whether the line is spelled just `key=`. That is the usual case, and needs no parsing.
+bool IsSpelled(std::string_view line, std::string_view key) {
+  return line.size() > key.size() && line[key.size()] == '=' && line.starts_with(key);
 }
 
 }  // namespace
@@ -77,7 +72,7 @@ void ProfileImage::IndexSections() {
   for (auto i = static_cast<std::uint32_t>(sections_.size()); --i > 0;) {
     const std::uint32_t hash = ProfileNameHash(ParseProfileLine(text_.Of(sections_[i].header)).name);
     const auto [entry, isNew] = firstSection_.try_emplace(hash, i);
-    if (!isNew) sections_[i].nextSection = std::exchange(entry->second, i);
+    if (!isNew) sections_[i].nextSection = std::exchange(entry.value(), i);
   }
 }
 
@@ -109,25 +104,30 @@ std::uint32_t ProfileImage::FindSection(std::string_view name) const {
   return section;
 }
 
-std::uint32_t ProfileImage::FindKey(const ProfileSection& section, std::string_view key) const {
+std::uint32_t ProfileImage::FindKey(const ProfileSection& section, std::string_view key,
+                                    std::optional<std::string_view>* text) const {
   key = TrimProfileBlanks(key);
   if (key.empty()) return kNone;
-  return section.Find(ProfileNameHash(key), [this, key](const Line& line) {
+  return section.Find(ProfileNameHash(key), [this, key, text](const Line& line) {
     const std::string_view bytes = text_.Of(line);
-    return TextBehind(bytes, key) || SameName(ParseProfileLine(bytes).name, key);
+    if (IsSpelled(bytes, key)) {
+      if (text != nullptr) *text = bytes.substr(key.size() + 1);
+      return true;
+    }
+    const ProfileLine parsed = ParseProfileLine(bytes);
+    if (!SameName(parsed.name, key)) return false;
+    if (text != nullptr) *text = parsed.text;
+    return true;
   });
 }
 
 std::optional<std::string_view> ProfileImage::Value(std::string_view section, std::string_view key) const {
   const std::uint32_t found = FindSection(section);
   if (found == kNone) return std::nullopt;
-  const std::uint32_t position = FindKey(sections_[found], key);
-  if (position == kNone) return std::nullopt;
-  const std::string_view bytes = text_.Of(sections_[found].Lines()[position]);
-  if (const auto text = TextBehind(bytes, TrimProfileBlanks(key))) return Unquoted(StoredValue(*text));
-  const ProfileLine line = ParseProfileLine(bytes);
-  if (!line.text) return std::nullopt;
-  return Unquoted(StoredValue(*line.text));
+  std::optional<std::string_view> text;
+  FindKey(sections_[found], key, &text);
+  if (!text) return std::nullopt;
+  return Unquoted(StoredValue(*text));
 }
 
 std::vector<std::string_view> ProfileImage::SectionNames() const {
@@ -173,8 +173,8 @@ bool ProfileImage::WouldChange(const ProfileChange& change) const {
   return !Holds(sections_[section].Lines()[position], TrimLeadingProfileBlanks(*change.value));
 }
 
-void ProfileImage::Apply(const ProfileChange& change) {
-  if (!WouldChange(change)) return;
+bool ProfileImage::Apply(const ProfileChange& change) {
+  if (!WouldChange(change)) return false;
   if (change.key && change.value) {
     Set(change.section, TrimProfileBlanks(*change.key), TrimLeadingProfileBlanks(*change.value));
   } else if (change.key) {
@@ -182,6 +182,7 @@ void ProfileImage::Apply(const ProfileChange& change) {
   } else {
     RemoveSection(FindSection(change.section));
   }
+  return true;
 }
 
 void ProfileImage::Set(std::string_view section, std::string_view key, std::string_view value) {
@@ -229,7 +230,7 @@ void ProfileImage::RemoveKey(std::uint32_t section, std::string_view key) {
 void ProfileImage::RemoveSection(std::uint32_t section) {
   ProfileSection& target = sections_[section];
   const auto entry = firstSection_.find(ProfileNameHash(ParseProfileLine(text_.Of(target.header)).name));
-  std::uint32_t* link = &entry->second;
+  std::uint32_t* link = &entry.value();
   while (*link != section) link = &sections_[*link].nextSection;
   *link = target.nextSection;
   if (entry->second == kNone) firstSection_.erase(entry);
@@ -256,18 +257,15 @@ void ProfileImage::CloseLine(Line& line) {
   Rewrite(line, std::string(text_.Of(line)).append(lineEnd_));
 }
 
-std::string ProfileImage::Bytes() const {
-  std::string bytes;
-  bytes.reserve(length_);
-  bytes.append(text_.Original().substr(0, markLength_));
-  std::string_view run;  // lines that stand behind one another in memory are copied at once
+Pieces ProfileImage::Content() const {
+  Pieces content{text_.Original().substr(0, markLength_)};
   const auto add = [&](const Line& line) {
     const std::string_view next = text_.Of(line);
-    if (run.data() + run.size() == next.data()) {
-      run = {run.data(), run.size() + next.size()};
-    } else {
-      bytes.append(run);
-      run = next;
+    std::string_view& last = content.back();
+    if (last.data() + last.size() == next.data()) {  // lines that stand behind one another in memory are one
+      last = {last.data(), last.size() + next.size()};
+    } else if (!next.empty()) {
+      content.push_back(next);
     }
   };
   for (const ProfileSection& section : sections_) {
@@ -278,8 +276,7 @@ std::string ProfileImage::Bytes() const {
     add(section.header);
     for (const Line& line : section.Lines()) add(line);
   }
-  bytes.append(run);
-  return bytes;  // by name: the result of `append` would be copied
+  return content;
 }
 
 }  // namespace qb

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tsl/robin_map.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -7,9 +9,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "platform/FileSystem.h"
 #include "platform/ProfileSection.h"
 #include "platform/ProfileText.h"
 
@@ -51,11 +53,11 @@ class ProfileImage {
   /// Whether `Apply` would change a byte.
   bool WouldChange(const ProfileChange& change) const;
 
-  /// Makes a change without an objection.
-  void Apply(const ProfileChange& change);
+  /// Makes a change without an objection; false if it changes no byte.
+  bool Apply(const ProfileChange& change);
 
-  /// The file's content as it stands now.
-  std::string Bytes() const;
+  /// The file's content as it stands now, in pieces that follow one another. They hold until the next change.
+  Pieces Content() const;
   std::size_t ByteLength() const { return length_; }
 
  private:
@@ -66,7 +68,9 @@ class ProfileImage {
   void IndexSections();
   bool SameName(std::string_view left, std::string_view right) const;
   std::uint32_t FindSection(std::string_view name) const;
-  std::uint32_t FindKey(const ProfileSection& section, std::string_view key) const;
+  /// Also gives what stands behind the sign in the key's line, if `text` is given.
+  std::uint32_t FindKey(const ProfileSection& section, std::string_view key,
+                        std::optional<std::string_view>* text = nullptr) const;
   bool Holds(const Line& line, std::string_view value) const;
 
   void Set(std::string_view section, std::string_view key, std::string_view value);
@@ -81,7 +85,7 @@ class ProfileImage {
   std::size_t markLength_ = 0;           // bytes of a byte order mark in front
   std::string_view lineEnd_ = "\r\n";    // for new lines
   std::deque<ProfileSection> sections_;  // the first one stands for what precedes the first header
-  std::unordered_map<std::uint32_t, std::uint32_t> firstSection_;  // by the hash of the name
+  tsl::robin_map<std::uint32_t, std::uint32_t> firstSection_;  // by the hash of the name
   NameFolding folding_;
   std::size_t length_ = 0;
   mutable std::string lastName_;  // the section found last, since reads come in runs

@@ -2,33 +2,21 @@
 
 #include <algorithm>
 
+#include "runtime/Text.h"
+
 namespace qb {
 namespace {
 
-constexpr char kEndOfTextFile = 0x1A;  // old editors end a file with it
 constexpr std::size_t kHashedBytes = 64;
+constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+constexpr std::uint64_t kCaseBlind = 0xDFDFDFDFDFDFDFDFU;  // without the bit that tells small letters
+constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15U;
 
 bool IsQuote(char byte) {
   return byte == '"' || byte == '\'';
 }
 
 }  // namespace
-
-bool IsProfileBlank(char byte) {
-  return byte == ' ' || byte == '\t' || byte == '\v' || byte == '\f' || byte == '\r' || byte == '\n' ||
-         byte == kEndOfTextFile;
-}
-
-std::string_view TrimLeadingProfileBlanks(std::string_view text) {
-  while (!text.empty() && IsProfileBlank(text.front())) text.remove_prefix(1);
-  return text;
-}
-
-std::string_view TrimProfileBlanks(std::string_view text) {
-  text = TrimLeadingProfileBlanks(text);
-  while (!text.empty() && IsProfileBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
 
 std::string_view UpToFirstNul(std::string_view text) {
   return text.substr(0, text.find('\0'));
@@ -62,14 +50,19 @@ std::string_view Unquoted(std::string_view value) {
 }
 
 std::uint32_t ProfileNameHash(std::string_view name) {
-  std::uint32_t hash = 2166136261U;
-  for (const char character : name.substr(0, kHashedBytes)) {
-    auto byte = static_cast<unsigned char>(character);
-    if (byte >= 0x80U) break;
-    if (byte >= 'a' && byte <= 'z') byte = static_cast<unsigned char>(byte - 32U);
-    hash = (hash ^ byte) * 16777619U;
+  std::uint64_t hash = name.size();
+  name = name.substr(0, kHashedBytes);
+  while (!name.empty()) {
+    std::uint64_t bytes = EightBytes(name);
+    const std::uint64_t foreign = bytes & kHighBits;
+    if (foreign != 0)
+      bytes &= (foreign & (~foreign + 1)) - 1;  // only what stands in front of the first such byte
+    hash = (hash ^ (bytes & kCaseBlind)) * kGoldenRatio;
+    hash ^= hash >> 32U;
+    if (foreign != 0) break;
+    name.remove_prefix(std::min(name.size(), sizeof bytes));
   }
-  return std::max(hash, 1U);
+  return std::max(static_cast<std::uint32_t>(hash), 1U);
 }
 
 }  // namespace qb

@@ -6,12 +6,21 @@
 
 namespace qb {
 
-/// A byte that does not count around names and values.
-bool IsProfileBlank(char byte);
+/// A byte that does not count around names and values. The last one is what old editors end a file with.
+inline bool IsProfileBlank(char byte) {
+  return byte == ' ' || (byte >= '\t' && byte <= '\r') || byte == 0x1A;
+}
 
 /// `text` without the blanks at its front and at its end, or at its front only.
-std::string_view TrimProfileBlanks(std::string_view text);
-std::string_view TrimLeadingProfileBlanks(std::string_view text);
+inline std::string_view TrimLeadingProfileBlanks(std::string_view text) {
+  while (!text.empty() && IsProfileBlank(text.front())) text.remove_prefix(1);
+  return text;
+}
+inline std::string_view TrimProfileBlanks(std::string_view text) {
+  text = TrimLeadingProfileBlanks(text);
+  while (!text.empty() && IsProfileBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
 
 /// `text` up to its first NUL.
 std::string_view UpToFirstNul(std::string_view text);

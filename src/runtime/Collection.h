@@ -1,11 +1,12 @@
 #pragma once
 
+#include <tsl/robin_map.h>
+
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -49,7 +50,8 @@ class Collection {
   }
 
  private:
-  using Keys = std::unordered_map<SharedText, std::size_t, TextHash, std::equal_to<>>;
+  using Keys = tsl::robin_map<SharedText, std::size_t, TextHash, std::equal_to<>,
+                              std::allocator<std::pair<SharedText, std::size_t>>, true>;  // keeps the hashes
 
   std::size_t Index(std::size_t position) const {
     if (position < 1 || position > elements_.size()) throw RuntimeError(failure::kIndexOutOfRange);
@@ -67,9 +69,13 @@ class Collection {
   void Erase(std::size_t index) {
     elements_.erase(elements_.begin() + static_cast<std::ptrdiff_t>(index));
     if (keys_ == nullptr) return;
-    std::erase_if(*keys_, [index](const auto& key) { return key.second == index; });
-    for (auto& [key, position] : *keys_) {
-      if (position > index) --position;
+    for (auto key = keys_->begin(); key != keys_->end();) {
+      if (key->second == index) {
+        key = keys_->erase(key);
+      } else {
+        if (key->second > index) --key.value();
+        ++key;
+      }
     }
   }
 

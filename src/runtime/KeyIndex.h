@@ -1,8 +1,10 @@
 #pragma once
 
+#include <tsl/robin_set.h>
+
 #include <cstddef>
+#include <memory>
 #include <string_view>
-#include <unordered_set>
 
 #include "runtime/SharedText.h"
 
@@ -24,8 +26,9 @@ struct KeyEqual {
   bool operator()(const Thing* left, std::string_view right) const { return left->Key() == right; }
 };
 
-/// Pointers to things by their key, which takes no room of its own.
+/// Pointers to things by their key. Each stands beside its hash in one row of memory, so that a search among
+/// many thousands looks at one place instead of following a chain.
 template <class Thing>
-using KeyIndex = std::unordered_set<Thing*, KeyHash<Thing>, KeyEqual<Thing>>;
+using KeyIndex = tsl::robin_set<Thing*, KeyHash<Thing>, KeyEqual<Thing>, std::allocator<Thing*>, true>;
 
 }  // namespace qb

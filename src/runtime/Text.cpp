@@ -31,11 +31,6 @@ std::size_t BytesOf(std::string_view text, std::size_t count) {
   return bytes;
 }
 
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80U; });
-}
-
 template <class Mapping>
 std::string MapCharacters(std::string_view text, Mapping mapping) {
   std::string result;
@@ -52,6 +47,10 @@ std::string MapCharacters(std::string_view text, Mapping mapping) {
     }
   }
   return result;
+}
+
+char UpperAscii(char byte) {
+  return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - ('a' - 'A')) : byte;
 }
 
 }  // namespace
@@ -93,6 +92,11 @@ std::string_view Trim(std::string_view text) {
 }
 
 std::string UpperCase(std::string_view text) {
+  if (IsAscii(text)) {
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(), UpperAscii);
+    return result;
+  }
   return MapCharacters(text, UpperCharacter);
 }
 

@@ -29,7 +29,7 @@ class MockFileSystem : public FileSystem {
   MOCK_METHOD(std::string, ProgramDirectory, (), (override));
   MOCK_METHOD(std::string, Resolved, (std::string_view), (override));
   MOCK_METHOD(std::optional<FileStamp>, Stamp, (std::string_view), (override));
-  MOCK_METHOD(FileStamp, ReplaceContent, (std::string_view, std::string_view), (override));
+  MOCK_METHOD(FileStamp, ReplaceContent, (std::string_view, const Pieces&), (override));
   MOCK_METHOD(std::unique_ptr<FileLock>, Lock, (std::string_view), (override));
 };
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/ProfileImage.h"
+#include "support/ImageBytes.h"
 
 namespace qb {
 namespace {
@@ -56,16 +57,16 @@ TEST(ProfileImageFuzz, AnyBytes_AreGivenBackAndSurviveAnyChange) {
     Bytes bytes(seed);
     const std::string content = bytes.Some(200);
     ProfileImage image(content);
-    ASSERT_EQ(image.Bytes(), content) << "seed " << seed;
+    ASSERT_EQ(BytesOf(image), content) << "seed " << seed;
     for (int i = 0; i < 6; ++i) {
       const std::string section = bytes.Some(3);
       const std::string key = bytes.Some(3);
       const std::string value = bytes.Some(6);
       const ProfileChange change{section, key, value};
       if (!ProfileImage::Objection(change).empty()) continue;
-      const std::string before = image.Bytes();
+      const std::string before = BytesOf(image);
       image.Apply(change);
-      const std::string after = image.Bytes();
+      const std::string after = BytesOf(image);
       ASSERT_EQ(image.ByteLength(), after.size()) << "seed " << seed;
       ASSERT_FALSE(image.WouldChange(change)) << "seed " << seed;
       ExpectOtherLinesUntouched(before, after);
@@ -90,8 +91,8 @@ TEST(ProfileImageFuzz, AnyBytes_SurviveRemovals) {
         ASSERT_EQ(image.ByteLength() < before, would) << "seed " << seed;
       }
       image.Apply({section, {}, {}});
-      ASSERT_EQ(image.Bytes().size(), image.ByteLength()) << "seed " << seed;
-      ASSERT_EQ(ProfileImage(image.Bytes()).SectionNames().size(), image.SectionNames().size())
+      ASSERT_EQ(BytesOf(image).size(), image.ByteLength()) << "seed " << seed;
+      ASSERT_EQ(ProfileImage(BytesOf(image)).SectionNames().size(), image.SectionNames().size())
           << "seed " << seed;
     }
   }

@@ -78,7 +78,7 @@ TEST_F(LinuxFileSystemTest, Names_MadeAfterALookUp_AreFound) {
 TEST_F(LinuxFileSystemTest, NewFiles_GoIntoTheFolderOfAnyCase) {
   Put(R"(\Dst\old)", "");
   files_.OpenForWriting(R"(\DST\new)")->Write("1");
-  files_.ReplaceContent(R"(\dST\OLD)", "2");
+  files_.ReplaceContent(R"(\dST\OLD)", {"2"});
   EXPECT_EQ(Content(R"(\Dst\new)"), "1");
   EXPECT_EQ(Content(R"(\Dst\old)"), "2");
 }
@@ -179,9 +179,9 @@ TEST_F(LinuxFileSystemTest, Failures_Table) {
   EXPECT_EQ(Raised([&] { files_.OpenForWriting(R"(\folder)"); }), failure::kPathFileAccess);
   EXPECT_EQ(Raised([&] { files_.OpenForWriting(R"(\readonly)"); }), failure::kPermissionDenied);
   EXPECT_EQ(Raised([&] { files_.OpenForAppending(R"(\readonly)"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\readonly)", "y"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\folder)", "y"); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\no\no)", "y"); }), failure::kPathNotFound);
+  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\readonly)", {"y"}); }), failure::kPermissionDenied);
+  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\folder)", {"y"}); }), failure::kPathFileAccess);
+  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\no\no)", {"y"}); }), failure::kPathNotFound);
   EXPECT_EQ(Raised([&] { files_.Copy(R"(\no)", R"(\to)"); }), failure::kFileNotFound);
   EXPECT_EQ(Raised([&] { files_.Copy(R"(\folder)", R"(\to)"); }), failure::kPathFileAccess);
   EXPECT_EQ(Raised([&] { files_.Copy(R"(\file)", R"(\no\to)"); }), failure::kPathNotFound);

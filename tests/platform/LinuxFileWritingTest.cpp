@@ -75,7 +75,7 @@ TEST_F(LinuxFileWritingTest, ReplaceContent_KeepsTheMode_AndTellsTheNewState) {
   Put(R"(\f)", "old");
   ASSERT_EQ(chmod(Native(R"(\f)").c_str(), 0640), 0);
   ASSERT_EQ(chown(Native(R"(\f)").c_str(), getuid() == 0 ? 1234 : getuid(), getgid()), 0);
-  const FileStamp stamp = files_.ReplaceContent(R"(\f)", "new content");
+  const FileStamp stamp = files_.ReplaceContent(R"(\f)", {"new content"});
   EXPECT_EQ(Content(R"(\f)"), "new content");
   EXPECT_EQ(Mode(R"(\f)"), 0640U);
   struct stat status {};
@@ -87,10 +87,19 @@ TEST_F(LinuxFileWritingTest, ReplaceContent_KeepsTheMode_AndTellsTheNewState) {
 
 TEST_F(LinuxFileWritingTest, ReplaceContent_MissingFile_IsMadeWithTheUsualMode) {
   const mode_t before = umask(0027);
-  files_.ReplaceContent(R"(\f)", "new");
+  files_.ReplaceContent(R"(\f)", {"new"});
   umask(before);
   EXPECT_EQ(Content(R"(\f)"), "new");
   EXPECT_EQ(Mode(R"(\f)"), 0640U);
+}
+
+TEST_F(LinuxFileWritingTest, ReplaceContent_SmallAndGiantPieces_FollowOneAnother) {
+  const std::string giant(1'000'000, 'g');
+  const std::string large(200'000, 'l');
+  files_.ReplaceContent(R"(\f)", {"a", large, large, "", "b", giant, "c", "d"});
+  EXPECT_EQ(Content(R"(\f)"), "a" + large + large + "b" + giant + "cd");
+  files_.ReplaceContent(R"(\f)", {});
+  EXPECT_EQ(Content(R"(\f)"), "");
 }
 
 TEST_F(LinuxFileWritingTest, ReplaceContent_FollowsLinks) {
@@ -98,8 +107,8 @@ TEST_F(LinuxFileWritingTest, ReplaceContent_FollowsLinks) {
   std::filesystem::create_symlink("real/f", Native(R"(\link)"));
   std::filesystem::create_symlink("link", Native(R"(\second)"));
   std::filesystem::create_symlink("real/new", Native(R"(\dangling)"));
-  files_.ReplaceContent(R"(\second)", "changed");
-  files_.ReplaceContent(R"(\dangling)", "made");
+  files_.ReplaceContent(R"(\second)", {"changed"});
+  files_.ReplaceContent(R"(\dangling)", {"made"});
   EXPECT_EQ(Content(R"(\real\f)"), "changed");
   EXPECT_EQ(Content(R"(\real\new)"), "made");
   EXPECT_TRUE(std::filesystem::is_symlink(Native(R"(\second)")));
@@ -109,12 +118,12 @@ TEST_F(LinuxFileWritingTest, ReplaceContent_FollowsLinks) {
 TEST_F(LinuxFileWritingTest, ReplaceContent_LinksInACircle_Fail) {
   std::filesystem::create_symlink("b", Native(R"(\a)"));
   std::filesystem::create_symlink("a", Native(R"(\b)"));
-  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\a)", "x"); }), failure::kPathFileAccess);
+  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\a)", {"x"}); }), failure::kPathFileAccess);
 }
 
 TEST_F(LinuxFileWritingTest, ReplaceContent_TwiceInOneMoment_GivesTwoStamps) {
-  const FileStamp first = files_.ReplaceContent(R"(\f)", "1");
-  const FileStamp second = files_.ReplaceContent(R"(\f)", "2");
+  const FileStamp first = files_.ReplaceContent(R"(\f)", {"1"});
+  const FileStamp second = files_.ReplaceContent(R"(\f)", {"2"});
   EXPECT_NE(first.lastWrite, second.lastWrite);
 }
 
@@ -136,7 +145,7 @@ class FullDiskTest : public LinuxFileSystemTest {
 
 TEST_F(FullDiskTest, ReplaceContent_KeepsTheOldContentAndLeavesNothing) {
   Put(R"(\disk\f)", "old");
-  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\disk\f)", std::string(100'000, 'x')); }),
+  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\disk\f)", {std::string(100'000, 'x')}); }),
             failure::kDiskFull);
   EXPECT_EQ(Content(R"(\disk\f)"), "old");
   EXPECT_THAT(NamesIn(R"(\disk)"), ElementsAre("f"));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/ProfileImage.h"
+#include "support/ImageBytes.h"
 #include "support/ReferenceProfile.h"
 
 namespace qb {
@@ -73,7 +74,7 @@ class Dice {
 };
 
 void Compare(const ProfileImage& image, const ReferenceProfile& reference, std::size_t keys) {
-  ASSERT_EQ(image.Bytes(), reference.Bytes());
+  ASSERT_EQ(BytesOf(image), reference.Bytes());
   ASSERT_EQ(image.ByteLength(), reference.Bytes().size());
   const std::vector<std::string_view> names = image.SectionNames();
   ASSERT_EQ(std::vector<std::string>(names.begin(), names.end()), reference.SectionNames());
@@ -93,7 +94,7 @@ void RunAgainstReference(unsigned seed, std::size_t lines, std::size_t keys, int
   const std::string bytes = dice.File(lines, keys);
   ProfileImage image(bytes);
   ReferenceProfile reference(bytes);
-  ASSERT_EQ(image.Bytes(), bytes);
+  ASSERT_EQ(BytesOf(image), bytes);
   for (int i = 0; i < changes; ++i) {
     const std::string section(dice.Section());
     const std::string key = dice.Key(keys);
@@ -101,11 +102,11 @@ void RunAgainstReference(unsigned seed, std::size_t lines, std::size_t keys, int
     if (dice.Below(4) == 0) change.value.reset();
     if (dice.Below(20) == 0) change.key.reset();
     ASSERT_EQ(ProfileImage::Objection(change), "");
-    const std::string before = image.Bytes();
+    const std::string before = BytesOf(image);
     const bool wouldChange = image.WouldChange(change);
     image.Apply(change);
     reference.Apply(change);
-    ASSERT_EQ(wouldChange, image.Bytes() != before);
+    ASSERT_EQ(wouldChange, BytesOf(image) != before);
     ASSERT_NO_FATAL_FAILURE(Compare(image, reference, keys));
   }
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/ProfileImage.h"
+#include "support/ImageBytes.h"
 
 namespace qb {
 namespace {
@@ -65,7 +66,7 @@ TEST(ProfileImageScale, MillionEqualKeys_AreRemovedInLinearTime) {
   const double seconds = SecondsOf([&image] {
     while (image.Value("A", "K")) image.Apply({"A", "K", {}});
   });
-  EXPECT_EQ(image.Bytes(), "[A]\n");
+  EXPECT_EQ(BytesOf(image), "[A]\n");
   EXPECT_LT(seconds, 30);
 }
 

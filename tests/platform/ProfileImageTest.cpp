@@ -8,6 +8,7 @@
 #include "platform/ProfileImage.h"
 #include "platform/linux/LinuxTextCodec.h"
 #include "runtime/Text.h"
+#include "support/ImageBytes.h"
 
 namespace qb {
 namespace {
@@ -28,8 +29,8 @@ std::optional<std::string> Read(std::string_view bytes, std::string_view section
 std::string AfterWrite(std::string_view bytes, const ProfileChange& change) {
   ProfileImage image{std::string(bytes)};
   image.Apply(change);
-  EXPECT_EQ(image.ByteLength(), image.Bytes().size());
-  return image.Bytes();
+  EXPECT_EQ(image.ByteLength(), BytesOf(image).size());
+  return BytesOf(image);
 }
 
 std::string AfterSet(std::string_view bytes, std::string_view section, std::string_view key,
@@ -206,7 +207,7 @@ TEST(ProfileImage, RemovedSection_WrittenAgain_StandsAtTheEnd) {
   image.Apply({"A", {}, {}});
   EXPECT_EQ(image.Value("A", "K"), std::nullopt);
   image.Apply({"A", "M", "2"});
-  EXPECT_EQ(image.Bytes(), "[B]\nL=1\n[A]\nM=2\n");
+  EXPECT_EQ(BytesOf(image), "[B]\nL=1\n[A]\nM=2\n");
 }
 
 TEST(ProfileImage, RemovedDuplicate_MakesTheNextOneCount) {
@@ -217,13 +218,13 @@ TEST(ProfileImage, RemovedDuplicate_MakesTheNextOneCount) {
   EXPECT_EQ(image.Value("A", "K"), "3");
   image.Apply({"A", {}, {}});
   EXPECT_EQ(image.Value("A", "K"), std::nullopt);
-  EXPECT_EQ(image.Bytes(), "");
+  EXPECT_EQ(BytesOf(image), "");
 }
 
 TEST(ProfileImage, Apply_ValueThatIsAViewOfTheImage_IsCopied) {
   ProfileImage image(Bytes("[A]\nK=long value\nL=1\n"));
   image.Apply({"A", "L", image.Value("A", "K")});
-  EXPECT_EQ(image.Bytes(), "[A]\nK=long value\nL=long value\n");
+  EXPECT_EQ(BytesOf(image), "[A]\nK=long value\nL=long value\n");
 }
 
 TEST(ProfileImage, Objection_Table) {
@@ -287,7 +288,7 @@ TEST(ProfileImage, TrailByteThatLooksLikeABackslash_StaysPartOfItsCharacter) {
   ProfileImage image = ImageIn(932, "[ソ表]\n能=v\n");
   EXPECT_EQ(image.Value(In(932, "ソ表"), In(932, "能")), "v");
   image.Apply({In(932, "ソ表"), In(932, "能"), In(932, "ソ")});
-  EXPECT_EQ(image.Bytes(), In(932, "[ソ表]\n能=ソ\n"));
+  EXPECT_EQ(BytesOf(image), In(932, "[ソ表]\n能=ソ\n"));
 }
 
 TEST(ProfileImage, TrailByteThatLooksLikeABracket_IsNotTheEndOfTheHeader) {

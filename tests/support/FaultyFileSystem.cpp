@@ -105,9 +105,9 @@ std::optional<FileStamp> FaultyFileSystem::Stamp(std::string_view path) {
   return real_->Stamp(path);
 }
 
-FileStamp FaultyFileSystem::ReplaceContent(std::string_view path, std::string_view bytes) {
+FileStamp FaultyFileSystem::ReplaceContent(std::string_view path, const Pieces& content) {
   Meet(FileOperation::kReplaceContent, path);
-  return real_->ReplaceContent(path, bytes);
+  return real_->ReplaceContent(path, content);
 }
 
 std::unique_ptr<FileLock> FaultyFileSystem::Lock(std::string_view path) {

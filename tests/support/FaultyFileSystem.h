@@ -61,7 +61,7 @@ class FaultyFileSystem : public FileSystem {
   std::string ProgramDirectory() override { return real_->ProgramDirectory(); }
   std::string Resolved(std::string_view path) override;
   std::optional<FileStamp> Stamp(std::string_view path) override;
-  FileStamp ReplaceContent(std::string_view path, std::string_view bytes) override;
+  FileStamp ReplaceContent(std::string_view path, const Pieces& content) override;
   std::unique_ptr<FileLock> Lock(std::string_view path) override;
 
   /// Counts the operation and raises the failure that it shall have. Open files ask here too.

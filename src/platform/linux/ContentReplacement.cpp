@@ -32,8 +32,8 @@ int StampPrecisely(int file) {
   return futimens(file, times) != 0 ? errno : 0;
 }
 
-int Fill(const FileDescriptor& file, std::string_view bytes, const struct stat* old) {
-  int error = file.WriteAll(bytes);
+int Fill(const FileDescriptor& file, const Pieces& content, const struct stat* old) {
+  int error = file.WriteAll(content);
   if (error == 0 && old != nullptr) error = TakeOver(file.Get(), *old);
   if (error == 0) error = StampPrecisely(file.Get());
   if (error == 0) error = file.Sync();
@@ -76,7 +76,7 @@ bool IsReadOnly(const struct stat& status) {
   return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
 }
 
-FileStamp ReplaceFileContent(const std::string& native, std::string_view path, std::string_view bytes) {
+FileStamp ReplaceFileContent(const std::string& native, std::string_view path, const Pieces& content) {
   const std::string target = LinkTarget(native, path);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
@@ -86,7 +86,7 @@ FileStamp ReplaceFileContent(const std::string& native, std::string_view path, s
   const std::string folder = FolderOf(target);
   TemporaryFile temporary(folder, exists ? 0600 : 0666);
   int error = temporary.OpenError();
-  if (error == 0) error = Fill(temporary.File(), bytes, exists ? &old : nullptr);
+  if (error == 0) error = Fill(temporary.File(), content, exists ? &old : nullptr);
   if (error == 0) error = temporary.MoveTo(target);
   if (error != 0) RaiseSystemError(error, path, target);
   SyncFolder(folder);

@@ -11,7 +11,7 @@ namespace qb {
 
 /// Gives the native file, links followed, new content that reaches the disk whole or not at all; mode and
 /// owner are kept. Failures are raised about `path`, and then the old content stands.
-FileStamp ReplaceFileContent(const std::string& native, std::string_view path, std::string_view bytes);
+FileStamp ReplaceFileContent(const std::string& native, std::string_view path, const Pieces& content);
 
 /// Where the native file stands once links are followed, also one that leads to a file which does not exist
 /// yet.

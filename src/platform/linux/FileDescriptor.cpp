@@ -9,6 +9,7 @@ namespace qb {
 namespace {
 
 constexpr std::size_t kReadStep = 65536;
+constexpr std::size_t kWriteStep = 262144;
 
 }  // namespace
 
@@ -31,6 +32,23 @@ int FileDescriptor::WriteAll(std::string_view bytes) const {
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
   return 0;
+}
+
+int FileDescriptor::WriteAll(const Pieces& pieces) const {
+  std::string gathered;
+  gathered.reserve(kWriteStep);
+  for (const std::string_view piece : pieces) {
+    if (gathered.size() + piece.size() > kWriteStep) {
+      if (const int error = WriteAll(gathered); error != 0) return error;
+      gathered.clear();
+    }
+    if (piece.size() <= kWriteStep) {
+      gathered.append(piece);
+    } else if (const int error = WriteAll(piece); error != 0) {
+      return error;
+    }
+  }
+  return WriteAll(gathered);
 }
 
 int FileDescriptor::ReadAll(std::string& bytes, std::size_t size) const {

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/FileSystem.h"
+
 namespace qb {
 
 /// An open file of the system; closed with the object. Functions give 0 or the system's error number.
@@ -23,8 +25,9 @@ class FileDescriptor {
   int Get() const { return number_; }
   explicit operator bool() const { return number_ >= 0; }
 
-  /// Writes all bytes.
+  /// Writes all bytes; small pieces are gathered first.
   int WriteAll(std::string_view bytes) const;
+  int WriteAll(const Pieces& pieces) const;
   /// Appends all bytes from the present position to the end to `bytes`; `size` is how many are expected.
   int ReadAll(std::string& bytes, std::size_t size) const;
   /// Waits until the file is on the disk.

@@ -135,8 +135,8 @@ std::optional<FileStamp> LinuxFileSystem::Stamp(std::string_view path) {
   return StampOf(status);
 }
 
-FileStamp LinuxFileSystem::ReplaceContent(std::string_view path, std::string_view bytes) {
-  return ReplaceFileContent(NativeForCreation(path), path, bytes);
+FileStamp LinuxFileSystem::ReplaceContent(std::string_view path, const Pieces& content) {
+  return ReplaceFileContent(NativeForCreation(path), path, content);
 }
 
 std::unique_ptr<FileLock> LinuxFileSystem::Lock(std::string_view path) {

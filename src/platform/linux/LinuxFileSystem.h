@@ -30,7 +30,7 @@ class LinuxFileSystem : public FileSystem {
   std::string ProgramDirectory() override;
   std::string Resolved(std::string_view path) override;
   std::optional<FileStamp> Stamp(std::string_view path) override;
-  FileStamp ReplaceContent(std::string_view path, std::string_view bytes) override;
+  FileStamp ReplaceContent(std::string_view path, const Pieces& content) override;
   std::unique_ptr<FileLock> Lock(std::string_view path) override;
 
   /// The absolute native path of an existing file or folder; nothing if there is none.

@@ -45,12 +45,10 @@ void ListView::SetHeading(int position, std::string_view heading) {
 }
 
 ListRow& ListView::Add(std::string_view key, std::string_view text, int icon) {
-  if (index_.contains(key)) {
-    RaiseAbout(failure::kKeyAlreadyThere, key);
-  }
-  rows_.push_back(std::unique_ptr<ListRow>(new ListRow(*this, key, text, icon)));
-  ListRow& row = *rows_.back();
-  index_.insert(&row);
+  std::unique_ptr<ListRow> added(new ListRow(*this, key, text, icon));
+  ListRow& row = *added;
+  if (!index_.insert(&row).second) RaiseAbout(failure::kKeyAlreadyThere, key);
+  rows_.push_back(std::move(added));
   if (Observer != nullptr) Observer->RowAdded(row);
   return row;
 }

@@ -58,14 +58,11 @@ TreeNode& TableTree::AddEx(TreeNode* relative, int relationship, std::string_vie
     throw RuntimeError(failure::kInvalidArgument);
   }
   if (relationship == kNewRoot && root_ != nullptr) Remove(*root_);
-  if (index_.contains(key)) {
-    RaiseAbout(failure::kKeyAlreadyThere, key);
-  }
   TreeNode* parent = relationship == kChild ? relative : nullptr;
   std::unique_ptr<TreeNode> node(new TreeNode(*this, parent, key, text, image, expandedImage, selectedImage));
   TreeNode& added = *node;
+  if (!index_.insert(&added).second) RaiseAbout(failure::kKeyAlreadyThere, key);
   (parent != nullptr ? parent->children_.emplace_back() : root_) = std::move(node);
-  index_.insert(&added);
   if (Observer != nullptr) Observer->NodeAdded(added);
   return added;
 }

@@ -120,7 +120,9 @@ void WxToolkit::ApplyFocus() {
   FormWindow* window = Find(wantsFocus_->Owner());
   if (window == nullptr || !window->Window().IsShown()) return;
   window->ApplyChanges();
-  if (wxWindow* drawn = window->WindowOf(*wantsFocus_)) drawn->SetFocus();
+  wxWindow* drawn = window->WindowOf(*wantsFocus_);
+  // A hidden window that has the keyboard swallows every key.
+  if (drawn != nullptr && drawn->IsShownOnScreen()) drawn->SetFocus();
   wantsFocus_ = nullptr;
 }
 

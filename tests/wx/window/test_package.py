@@ -188,6 +188,11 @@ class ListTest(WindowCase):
         desktop.run("xdotool", "windowsize", "--sync", number, "700", "500")
         self.wait(lambda: desktop.has(self.program.tree(), pyatspi.STATE_SHOWING), "tree")
 
+    def test_keys_arrive_before_anything_was_clicked(self):
+        self.program.focus_window()
+        desktop.keys("ctrl+q")
+        self.assertEqual(self.program.wait_for_end(), 0)
+
     def test_mark_acts_on_the_selected_row(self):
         self.program.select("AQ40_WARTUNG")
         desktop.keys("F4")

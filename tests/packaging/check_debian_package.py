@@ -1,0 +1,155 @@
+"""The Debian package must install into a folder of its own, run from there with its languages and help, and go again.
+
+Usage, in a desktop session: check_debian_package.py <build folder> <cpack> [unittest arguments]"""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+BUILD, CPACK = pathlib.Path(sys.argv.pop(1)).resolve(), sys.argv.pop(1)
+SCRATCH = tempfile.TemporaryDirectory(prefix="quillbank-package-")
+SYSTEM = pathlib.Path(SCRATCH.name) / "system"
+PROGRAM = SYSTEM / "usr" / "bin" / "quillbank-translator"
+PROGRAM_FOLDER = SYSTEM / "usr" / "lib" / "quillbank-translator"
+
+os.environ["QB_TRANSLATOR"] = str(PROGRAM)
+sys.path.insert(0, str(ROOT / "tests" / "wx" / "window"))
+
+import desktop  # noqa: E402
+
+
+def run(*command):
+    result = subprocess.run(command, capture_output=True, text=True)
+    assert result.returncode == 0, f"{command}: {result.stdout}{result.stderr}"
+    return result.stdout
+
+
+def dpkg(*arguments):
+    """The package manager with a system of its own; what the package depends on is not in it."""
+    return run("fakeroot", "dpkg", f"--root={SYSTEM}", "--force-not-root,depends,bad-path", "--no-triggers", *arguments)
+
+
+def files_of_system():
+    """All but the package manager's own."""
+    return sorted(str(path.relative_to(SYSTEM)) for path in SYSTEM.rglob("*")
+                  if not path.relative_to(SYSTEM).is_relative_to("var") and (path.is_symlink() or not path.is_dir()))
+
+
+def make_package():
+    folder = pathlib.Path(SCRATCH.name) / "made"
+    run(CPACK, "--config", str(BUILD / "CPackConfig.cmake"), "-B", str(folder))
+    packages = list(folder.glob("*.deb"))
+    assert len(packages) == 1, packages
+    return packages[0]
+
+
+def make_system():
+    shutil.rmtree(SYSTEM, ignore_errors=True)
+    database = SYSTEM / "var" / "lib" / "dpkg"
+    for folder in ("info", "updates", "triggers"):
+        (database / folder).mkdir(parents=True)
+    for file in ("status", "available"):
+        (database / file).touch()
+
+
+def change_setting(name, value):
+    file = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "quillbank-translator" / "registry.ini"
+    text = file.read_bytes().decode("utf-8")
+    changed, count = re.subn(f"(?m)^{name}=.*?(\r?)$", lambda match: f"{name}={value}{match[1]}", text)
+    assert count == 1, f"{name} in {text}"
+    file.write_bytes(changed.encode("utf-8"))
+
+
+class DebianPackage(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.addClassCleanup(SCRATCH.cleanup)
+        cls.package = make_package()
+
+    def setUp(self):
+        make_system()
+        dpkg("--install", str(self.package))
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+        shutil.rmtree(pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "quillbank-translator", ignore_errors=True)
+
+    def start(self, *arguments):
+        program = desktop.Translator(*arguments, folder=self.folder.name)
+        self.addCleanup(program.stop)
+        return program
+
+    def quit(self, program):
+        program.focus_window()
+        desktop.keys("ctrl+q")
+        self.assertEqual(program.wait_for_end(), 0)
+
+    def sample(self):
+        """A copy of the installed sample package, since opening one writes to it."""
+        package = pathlib.Path(self.folder.name) / "package"
+        shutil.copytree(SYSTEM / "usr/share/doc/quillbank-translator/examples/translation", package)
+        return str(package / "Trans.pxf")
+
+    def test_tellsWhatItIsAndNeeds(self):
+        fields = dict(re.findall(r"(?m)^(\S+): (.*)$", run("dpkg-deb", "--field", str(self.package))))
+        self.assertEqual(fields["Package"], "quillbank-translator")
+        self.assertEqual(fields["Architecture"], run("dpkg", "--print-architecture").strip())
+        self.assertTrue(fields["Maintainer"] and fields["Description"])
+        for library in ("libc6", "libwxgtk3.2", "libgtk-3-0", "libfmt9"):
+            self.assertIn(library, fields["Depends"])
+
+    def test_everyFileBelongsToRoot_AndOnlyItsOwnerWrites(self):
+        for line in run("dpkg-deb", "--contents", str(self.package)).splitlines():
+            rights, owner = line.split()[:2]
+            self.assertEqual(owner, "root/root", line)
+            self.assertTrue(rights.startswith("l") or (rights[5] == "-" and rights[8] == "-"), line)
+
+    def test_installedProgramStartsWithItsSamplePackage(self):
+        program = self.start(self.sample())
+        desktop.wait_until(lambda: program.cell("AQ_STIL"), "document of the sample package")
+        self.quit(program)
+        self.assertEqual(desktop.read_setting("InstallationPath"), str(PROGRAM_FOLDER).replace("/", "\\"))
+
+    def test_installedProgramFindsItsLanguages(self):
+        self.quit(self.start())
+        change_setting("InterfaceLanguage", "de")
+        program = self.start()
+        program.menu("Datei")
+        self.quit(program)
+        self.addCleanup(setattr, desktop, "MAIN_WINDOW", desktop.MAIN_WINDOW)
+        desktop.MAIN_WINDOW = "ORB Quillbank Translator: エクスプローラー"
+        change_setting("InterfaceLanguage", "ja")
+        program = self.start()
+        program.choose("終了(X)")
+        self.assertEqual(program.wait_for_end(), 0)
+
+    def test_helpStandsWhereTheProgramLooks(self):
+        for language in ("en", "de", "ja"):
+            self.assertTrue((PROGRAM_FOLDER / language / "00005554.chm").is_file(), language)
+
+    def test_desktopFindsProgramTypeAndIcons(self):
+        share = SYSTEM / "usr" / "share"
+        for file in ("applications/quillbank-translator.desktop", "mime/packages/quillbank-translator.xml",
+                     "icons/hicolor/scalable/apps/quillbank-translator.svg",
+                     "icons/hicolor/scalable/mimetypes/application-x-quillbank-package.svg",
+                     "metainfo/ag.orb.quillbank_translator.metainfo.xml",
+                     "doc/quillbank-translator/copyright"):
+            self.assertTrue((share / file).is_file(), file)
+
+    def test_everyCommandHasAManualPage(self):
+        manuals = {path.name.removesuffix(".1.gz") for path in (SYSTEM / "usr/share/man/man1").iterdir()}
+        self.assertEqual({path.name for path in PROGRAM.parent.iterdir()} - manuals, set())
+
+    def test_removalLeavesNothing(self):
+        self.assertIn("usr/bin/quillbank-translator", files_of_system())
+        dpkg("--purge", "quillbank-translator")
+        self.assertEqual(files_of_system(), [])
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

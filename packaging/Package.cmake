@@ -6,10 +6,10 @@ set(CPACK_PACKAGE_CONTACT "ORB AG <quillbank@example.com>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "workbench for the translators of a documentation repository")
 set(CPACK_PACKAGE_DESCRIPTION
-    "A documentation repository hands out packages, each one file and a tree of documents.
-Quillbank Translator shows the documents of a package with their states, sends
-one to the editor that suits it, takes files translated elsewhere, and marks
-what is done. Every change is in the package file at once.
+    "A documentation repository hands out packages, each one file and a tree of
+documents. Quillbank Translator shows the documents of a package with their
+states, sends one to the editor that suits it, takes files translated
+elsewhere, and marks what is done. Every change is in the package file at once.
 .
 The program speaks English, German and Japanese.")
 set(CPACK_STRIP_FILES ON)

@@ -39,7 +39,8 @@ class CLoioEntry : public std::enable_shared_from_this<CLoioEntry> {
   std::shared_ptr<CPhioFile> GetDstFile(std::string_view strFileName) const;
   std::string GetDstPath() const;
   /// Adds a component file and its tree node; `myKey` is the key of the document's node or of one of its
-  /// files.
+  /// files. False without a DST_CURR PHIO, and for a file that is listed already: a package that lists one
+  /// twice could not be loaded again.
   bool AddDstFile(std::string_view strNewFileName, std::string_view myKey);
   bool MarkDstFileAsPrimary(std::string_view strNewFileName);
   bool IsDstFile(std::string_view strFileName) const;
@@ -113,6 +114,10 @@ class CLoioEntry : public std::enable_shared_from_this<CLoioEntry> {
 
 /// All documents of the open package by key; absent until a package is loaded.
 extern std::shared_ptr<Collection<std::shared_ptr<CLoioEntry>>> gLoios;
+
+/// Takes away the tree nodes of files that a document no longer lists. A selection among them goes to the
+/// document.
+void RemoveGoneFileNodes(const CLoioEntry& loio);
 
 /// Shows or hides the `.ttx` companions of a document's files as third level of the tree.
 void UpdateTtxNodes(std::string_view key);

@@ -75,7 +75,7 @@ bool CLoioEntry::IsDstFile(std::string_view strFileName) const {
 
 bool CLoioEntry::AddDstFile(std::string_view strNewFileName, std::string_view myKey) {
   const auto phio = FirstPhio(role::kDstCurr);
-  if (phio == nullptr) return false;
+  if (phio == nullptr || phio->GetFile(strNewFileName) != nullptr) return false;
   phio->Add(strNewFileName, {}, {}, {});
   TreeNode& node = PackageTree().Nodes(myKey);
   TreeNode* parent = node.Parent();

@@ -90,6 +90,22 @@ void UpdateTtxNodes(std::string_view key) {
   }
 }
 
+void RemoveGoneFileNodes(const CLoioEntry& loio) {
+  if (loio.GetPhio(false) == nullptr) return;
+  TableTree& tree = PackageTree();
+  TreeNode& loioNode = tree.Nodes(loio.Key());
+  std::vector<std::string> gone;
+  for (const auto& child : loioNode.Children()) {
+    if (loio.GetDstFile(child->Text()) == nullptr) gone.push_back(child->Key());
+  }
+  for (const std::string& key : gone) {
+    const TreeNode* selected = tree.SelectedItem();
+    const TreeNode& node = tree.Nodes(key);
+    if (selected == &node || (selected != nullptr && selected->Parent() == &node)) tree.Select(&loioNode);
+    tree.RemoveNode(key);
+  }
+}
+
 bool CLoioEntry::UpdateView() {
   auto& window = Default<frmQBTranslator>();
   TreeNode& node = window.TransPackTree.Nodes(guid_);

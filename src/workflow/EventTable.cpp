@@ -8,8 +8,12 @@
 #include "ui/Toolkit.h"
 #include "ui/frmAbout.h"
 #include "ui/frmContextMenu.h"
+#include "ui/frmFileCheckinDialog.h"
 #include "ui/frmQBTranslator.h"
 #include "ui/frmSplash.h"
+#include "workflow/AssignTranslatedFile.h"
+#include "workflow/ComponentCommands.h"
+#include "workflow/CopySelection.h"
 #include "workflow/DocumentCommands.h"
 #include "workflow/HelpMod.h"
 #include "workflow/OpenPackage.h"
@@ -46,10 +50,23 @@ void RunTranslate() {
   QbtTranslate();
 }
 
+void RunInsertComponent() {
+  bool cancelled = false;
+  std::string file;
+  QbtInsertComponent(cancelled, file);
+}
+
 void BindMainMenu(frmQBTranslator& form) {
   BindMenu({{&form.mniOpen, [] { QbtOpen(""); }},
             {&form.mniExit, [] { QbtQuit(false); }},
+            {&form.mniCopy, QbtCopy},
             {&form.mniTranslate, RunTranslate},
+            {&form.mniAssignTranslatedFile, QbtAssignTranslatedFile},
+            {&form.mniMarkAsPrimaryComponent, QbtMarkComponentAsPrimary},
+            {&form.mniInsertComponent, RunInsertComponent},
+            {&form.mniReplaceComponent, QbtReplaceComponent},
+            {&form.mniReplaceAllComponents, QbtReplaceAllComponents},
+            {&form.mniDeleteComponent, QbtDeleteComponent},
             {&form.mniToBeTranslated, QbtMarkToBeTranslated},
             {&form.mniInProgress, QbtMarkInProgress},
             {&form.mniCompleted, QbtMarkCompleted},
@@ -70,6 +87,9 @@ void ToolbarClicked(int index) {
       break;
     case 4:
       QbtTranslate();
+      break;
+    case 5:
+      QbtAssignTranslatedFile();
       break;
     case 7:
       QbtMarkToBeTranslated();
@@ -102,7 +122,9 @@ void Bind(frmQBTranslator& form) {
 
 void Bind(frmContextMenu& form) {
   form.Load = [&form] { FormLoaded(form); };
-  BindMenu({{&form.mniTranslate, RunTranslate},
+  BindMenu({{&form.mniCopy, QbtCopy},
+            {&form.mniTranslate, RunTranslate},
+            {&form.mniAssignTranslatedFile, QbtAssignTranslatedFile},
             {&form.mniToBeTranslated, QbtMarkToBeTranslated},
             {&form.mniInProgress, QbtMarkInProgress},
             {&form.mniCompleted, QbtMarkCompleted}});
@@ -118,6 +140,10 @@ void Bind(frmAbout& form) {
   form.Load = [&form] { AboutLoaded(form); };
 }
 
+void Bind(frmFileCheckinDialog& form) {
+  form.Load = [&form] { FormLoaded(form); };
+}
+
 /// Binds `form` if it is of this kind.
 template <class AnyForm>
 bool BindIf(Form& form) {
@@ -130,7 +156,7 @@ bool BindIf(Form& form) {
 
 void BindEvents(Form& form) {
   BindIf<frmQBTranslator>(form) || BindIf<frmContextMenu>(form) || BindIf<frmSplash>(form) ||
-      BindIf<frmAbout>(form);
+      BindIf<frmAbout>(form) || BindIf<frmFileCheckinDialog>(form);
 }
 
 }  // namespace qb

@@ -128,6 +128,13 @@ TEST_F(LoioFilesTest, AddDstFile_ByDocumentOrFileKey_AddsUnderTheDocument) {
   }
 }
 
+TEST_F(LoioFilesTest, AddDstFile_ListedName_AddsNothing) {
+  LoadPackage(ThreeFiles());
+  EXPECT_FALSE(Loio("A").AddDstFile("b.gif", "A"));
+  EXPECT_THAT(Names(), ElementsAre("a.css:PRIM", "b.gif", "c.gif"));
+  EXPECT_EQ(Tree().Nodes("A").Children().size(), 3U);
+}
+
 TEST_F(LoioFilesTest, AddDstFile_UnknownKey_Raises5) {
   LoadPackage(ThreeFiles());
   EXPECT_THAT([&] { Loio("A").AddDstFile("new.gif", "B"); }, RaisesNumber(5));
@@ -181,6 +188,26 @@ TEST_F(LoioFilesTest, RemoveAllDstFiles_EmptiesTheListAndLeavesTheTree) {
   EXPECT_EQ(Entry("1", "1FILE_COUNT"), "0");
   EXPECT_EQ(Entry("1", "1FILE_NAME1"), "");
   EXPECT_EQ(Tree().Nodes("A").Children().size(), 3U);
+}
+
+TEST_F(LoioFilesTest, RemoveGoneFileNodes_BringsTheTreeInLineWithTheList) {
+  LoadPackage(ThreeFiles());
+  Tree().Select(&Tree().Nodes("A_b.gif"));
+  RemoveGoneFileNodes(Loio("A"));
+  EXPECT_EQ(Tree().Nodes("A").Children().size(), 3U);
+  EXPECT_EQ(Tree().SelectedItem(), &Tree().Nodes("A_b.gif"));
+  Loio("A").RemoveAllDstFiles();
+  Loio("A").AddDstFile("new.gif", "A");
+  RemoveGoneFileNodes(Loio("A"));
+  ASSERT_EQ(Tree().Nodes("A").Children().size(), 1U);
+  EXPECT_EQ(Tree().Nodes("A").Children()[0]->Key(), "A_new.gif");
+  EXPECT_EQ(Tree().SelectedItem(), &Tree().Nodes("A"));
+}
+
+TEST_F(LoioFilesTest, RemoveGoneFileNodes_WithoutATranslation_KeepsTheSourcesFiles) {
+  LoadPackage(OnlySource());
+  RemoveGoneFileNodes(Loio("A"));
+  EXPECT_EQ(Tree().Nodes("A").Children().size(), 1U);
 }
 
 TEST_F(LoioFilesTest, RemoveDstFile_TakesTheFileAndTheSelectedNode) {

@@ -85,6 +85,11 @@ void FaultyFileSystem::Remove(std::string_view path) {
   real_->Remove(path);
 }
 
+void FaultyFileSystem::Rename(std::string_view path, std::string_view newPath) {
+  Meet(FileOperation::kRename, path);
+  real_->Rename(path, newPath);
+}
+
 void FaultyFileSystem::MakeDirectory(std::string_view path) {
   Meet(FileOperation::kMakeDirectory, path);
   real_->MakeDirectory(path);

@@ -31,8 +31,9 @@ bool ScriptedToolkit::Unload(Form& form, int reason) {
   return RaiseUnloadEvents(form, reason);
 }
 
-void ScriptedToolkit::Repaint(Form&) {
+void ScriptedToolkit::Repaint(Form& form) {
   ++repaints;
+  if (onRepaint) onRepaint(form);
 }
 
 void ScriptedToolkit::PopupMenu(MenuItem& menu) {

@@ -29,6 +29,8 @@ class ScriptedToolkit : public Toolkit {
   /// Everything in order, as "show frmSplash", "focus TransPackTree", "popup mniComponents", ...
   std::vector<std::string> calls;
   int repaints = 0;
+  /// Looks at a form whenever it is drawn anew.
+  std::function<void(Form&)> onRepaint;
 
  private:
   std::deque<std::function<void(Form&)>> modals_;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -94,6 +95,17 @@ void LinuxFileSystem::Remove(std::string_view path) {
   const std::string native = NativeForCreation(path);
   RefuseReadOnly(native, path);
   if (unlink(native.c_str()) != 0) RaiseSystemError(errno, path, native);
+}
+
+void LinuxFileSystem::Rename(std::string_view path, std::string_view newPath) {
+  const std::string native = NativeForCreation(path);
+  RefuseReadOnly(native, path);
+  struct stat status {};
+  if (lstat(native.c_str(), &status) != 0) RaiseSystemError(errno, path, native);
+  if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR, path, native);
+  const std::string newNative = NativeForCreation(newPath);
+  if (lstat(newNative.c_str(), &status) == 0) RaiseSystemError(EEXIST, newPath, newNative);
+  if (rename(native.c_str(), newNative.c_str()) != 0) RaiseSystemError(errno, path, native);
 }
 
 void LinuxFileSystem::MakeDirectory(std::string_view path) {

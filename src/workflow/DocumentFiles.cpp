@@ -1,0 +1,154 @@
+#include "workflow/DocumentFiles.h"
+
+#include "foundation/OrbQBCommonFunctionsMod.h"
+#include "foundation/Product.h"
+#include "foundation/gRvdFile.h"
+#include "platform/Platform.h"
+#include "runtime/RuntimeError.h"
+#include "ui/Forms.h"
+#include "ui/frmQBTranslator.h"
+#include "workflow/TranslateMod.h"
+#include "workflow/TwoWordings.h"
+
+namespace qb {
+namespace {
+
+constexpr TwoWordings kReadOnly{
+    "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTASSIGNTRANSL002349.T.00064|Cannot translate readonly documents",
+    "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTASSIGNTRANSL002349.T.00118|Cannot localize readonly documents"};
+
+bool IsDirectory(std::string_view path) {
+  const auto found = ThePlatform().files->Find(path);
+  return found && (found->attributes & attribute::kDirectory) != 0;
+}
+
+bool IsFolderInsidePackage(std::string_view folder) {
+  FileSystem& files = *ThePlatform().files;
+  return files.Resolved(JoinFile(folder, {})) == files.Resolved(JoinFile(gPxfFile->GetPxfPath(), {})) ||
+         gPxfFile->IsInsidePackage(folder);
+}
+
+/// A file under another name beside its own. It gets its name back unless it is deleted for good.
+class FileSetAside {
+ public:
+  explicit FileSetAside(std::string_view path) : path_(path), aside_(FreeNameBeside(path)) {
+    ThePlatform().files->Rename(path_, aside_);
+  }
+  FileSetAside(const FileSetAside&) = delete;
+  FileSetAside& operator=(const FileSetAside&) = delete;
+  ~FileSetAside() {
+    if (!deleted_) PutBack();
+  }
+
+  void Delete() {
+    deleted_ = true;
+    Attempt([this] { ThePlatform().files->Remove(aside_); });
+    TellWhereItIs();
+  }
+
+ private:
+  static std::string FreeNameBeside(std::string_view path) {
+    std::string name = std::string(path) + ".replaced";
+    for (int i = 2; ThePlatform().files->Find(name); ++i) {
+      name = std::string(path) + ".replaced" + std::to_string(i);
+    }
+    return name;
+  }
+
+  void PutBack() {
+    Attempt([this] { ThePlatform().files->Rename(aside_, path_); });
+    TellWhereItIs();
+  }
+
+  /// After a failure, so that the file is not lost to the user.
+  void TellWhereItIs() const {
+    if (Err.Number == 0) return;
+    Err.Clear();
+    gMessageHandler->Message(QBL_FormatText("The old file '%1' is kept as '%2'.", path_, aside_), 1, true,
+                             false);
+  }
+
+  std::string path_;
+  std::string aside_;
+  bool deleted_ = false;
+};
+
+}  // namespace
+
+std::shared_ptr<CLoioEntry> DocumentToChange(std::string_view key) {
+  auto loio = gLoios->Item(key);
+  gEditorSlots->CheckSlots();
+  if (loio->state->isReadOnly()) {
+    MsgBox(kReadOnly.Text());
+    return nullptr;
+  }
+  if (loio->state->IsOpen()) {
+    MsgBox(
+        QBL_LText("QB.QBTRANSLAT.TRANSLATEMOD.000.QBTASSIGNTRANSL002349.T.00065|Document is already open"));
+    return nullptr;
+  }
+  return loio;
+}
+
+std::shared_ptr<CPhioFile> ComponentOf(const CLoioEntry& loio, std::string_view component,
+                                       std::string_view notFoundKey) {
+  auto file = loio.GetDstFile(component);
+  if (file == nullptr) MsgBox(QBL_LText(notFoundKey).append(component).append(")"));
+  return file;
+}
+
+bool HasDstPath(const CLoioEntry& loio, std::string_view noPathKey) {
+  if (!loio.GetDstPath().empty()) return true;
+  MsgBox(QBL_LText(noPathKey));
+  return false;
+}
+
+std::string DstPathOf(const CLoioEntry& loio, std::string_view fileName) {
+  return JoinPath6(gPxfFile->GetPxfPath(), loio.GetDstPath(), fileName);
+}
+
+bool MayChange(std::string_view path) {
+  std::string_view why;
+  if (!IsFolderInsidePackage(DirectoryOf(path)) || !gPxfFile->IsInsidePackage(path)) {
+    why = "The path '%1' leads out of the package. Nothing is changed.";
+  } else if (ThePlatform().files->Resolved(path) == ThePlatform().files->Resolved(gPxfFile->strFileName)) {
+    why = "The path '%1' is the package file itself. Nothing is changed.";
+  } else {
+    return true;
+  }
+  MsgBox(QBL_FormatText(std::string(why), path));
+  return false;
+}
+
+bool SaveFirstState(const CLoioEntry& loio) {
+  const std::string folder = DstPathOf(loio);
+  const std::string backup = JoinFile(folder, "BAK");
+  if (!MayChange(backup)) return false;
+  if (IsDirectory(backup)) return true;
+  ThePlatform().files->MakeDirectory(backup);
+  CopyDirectoryFiles(folder, backup);
+  return true;
+}
+
+void DeleteEvenIfReadOnly(std::string_view path) {
+  FileSystem& files = *ThePlatform().files;
+  const auto found = files.Find(path);
+  if (found && (found->attributes & attribute::kReadOnly) != 0) {
+    files.SetAttributes(path, found->attributes - attribute::kReadOnly);
+  }
+  files.Remove(path);
+}
+
+bool ReplaceFile(std::string_view source, std::string_view target) {
+  FileSetAside old(target);
+  if (!CopyFileOver(source, target)) return false;
+  old.Delete();
+  return true;
+}
+
+void SelectInTree(std::string_view key) {
+  TableTree& tree = Default<frmQBTranslator>().TransPackTree;
+  if (TreeNode* node = tree.FindNode(key)) tree.Select(node);
+}
+
+}  // namespace qb

@@ -76,11 +76,11 @@ bool CLoioEntry::IsDstFile(std::string_view strFileName) const {
 bool CLoioEntry::AddDstFile(std::string_view strNewFileName, std::string_view myKey) {
   const auto phio = FirstPhio(role::kDstCurr);
   if (phio == nullptr || phio->GetFile(strNewFileName) != nullptr) return false;
-  phio->Add(strNewFileName, {}, {}, {});
   TreeNode& node = PackageTree().Nodes(myKey);
   TreeNode* parent = node.Parent();
   if (parent == nullptr) throw RuntimeError(failure::kObjectNotSet);
   if (parent->Key() == kRootKey) parent = &node;
+  phio->Add(strNewFileName, {}, {}, {});
   PackageTree().AddEx(parent, TableTree::kChild, FileNodeKey(parent->Key(), strNewFileName), strNewFileName,
                       kFileImage, -1, 0);
   return true;

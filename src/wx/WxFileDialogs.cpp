@@ -7,6 +7,7 @@
 #include <cctype>
 
 #include "runtime/Text.h"
+#include "wx/WxMessageBoxes.h"
 #include "wx/WxText.h"
 #include "wx/WxToolkit.h"
 
@@ -14,6 +15,7 @@ namespace qb {
 namespace {
 
 constexpr std::size_t kLongestName = 2047;
+constexpr std::size_t kNamesInBox = 10;
 
 std::string ToolkitPattern(std::string_view pattern) {
 #ifdef __WXGTK__
@@ -44,15 +46,72 @@ long Style(const OpenFileRecord& record) {
   return style;
 }
 
-/// One path, or the directory and the names behind it.
-std::string ChosenNames(const wxArrayString& paths) {
-  if (paths.size() == 1) return KeptPath(FromWx(paths[0]));
-  std::string names = KeptPath(FromWx(wxFileName(paths[0]).GetPath()));
-  for (const wxString& path : paths) names += " " + FromWx(wxFileName(path).GetFullName());
-  return names;
+bool HoldsBlank(std::string_view text) {
+  return text.find(' ') != std::string_view::npos;
+}
+
+/// What the user has chosen.
+struct Choice {
+  Choice() = default;
+  explicit Choice(const wxFileDialog& dialog) {
+    wxArrayString paths;
+    dialog.GetPaths(paths);
+    if (!paths.empty()) directory = KeptPath(FromWx(wxFileName(paths[0]).GetPath()));
+    for (const wxString& path : paths) names.push_back(FromWx(wxFileName(path).GetFullName()));
+    if (paths.size() == 1) path = KeptPath(FromWx(paths[0]));
+  }
+
+  std::string path;  ///< of a single file
+  std::string directory;
+  std::vector<std::string> names;
+};
+
+void SayNotTaken(const Choice& choice, const std::vector<std::string>& notTaken) {
+  std::string text =
+      "Several files can be taken at once only if neither their folder nor their names hold a blank, and "
+      "only "
+      "as many as fit into one selection. In the folder '" +
+      ShownPath(choice.directory) + "' these cannot be taken:\r\n";
+  for (std::size_t i = 0; i < notTaken.size() && i < kNamesInBox; ++i) text += "\r\n" + notTaken[i];
+  if (notTaken.size() > kNamesInBox) text += "\r\n...";
+  MessageBoxRequest request;
+  request.text = text;
+  request.style = box::kExclamation;
+  WxMessageBoxes().Show(request);
+}
+
+/// Lets the user choose until the choice can be given. False when cancelled.
+bool Choose(wxFileDialog& dialog, Choice& choice) {
+  while (dialog.ShowModal() == wxID_OK) {
+    choice = Choice(dialog);
+    if (choice.names.size() < 2) return true;
+    const std::vector<std::string> notTaken = NamesThatCannotBeJoined(choice.directory, choice.names);
+    if (notTaken.empty()) return true;
+    SayNotTaken(choice, notTaken);
+    dialog.SetDirectory(ToWx(ShownPath(choice.directory)));
+  }
+  return false;
 }
 
 }  // namespace
+
+std::string JoinedNames(std::string_view directory, const std::vector<std::string>& names) {
+  std::string text(directory);
+  for (const std::string& name : names) text += " " + name;
+  return text;
+}
+
+std::vector<std::string> NamesThatCannotBeJoined(std::string_view directory,
+                                                 const std::vector<std::string>& names) {
+  if (HoldsBlank(directory)) return names;
+  std::vector<std::string> refused;
+  std::size_t length = CharacterCount(directory);
+  for (const std::string& name : names) {
+    length += 1 + CharacterCount(name);
+    if (HoldsBlank(name) || length > kLongestName) refused.push_back(name);
+  }
+  return refused;
+}
 
 std::string ToolkitFilter(std::string_view pairs) {
   std::string filter;
@@ -74,11 +133,11 @@ bool WxFileDialogs::GetOpenFileName(OpenFileRecord& record) {
                       directory.empty() ? preset.GetPath() : ToWx(directory), preset.GetFullName(),
                       ToWx(ToolkitFilter(record.filter)), Style(record));
   if (record.filterIndex > 0) dialog.SetFilterIndex(static_cast<int>(record.filterIndex) - 1);
-  if (dialog.ShowModal() != wxID_OK) return false;
-  wxArrayString paths;
-  dialog.GetPaths(paths);
-  record.fileName = Cut(ChosenNames(paths));
-  record.fileTitle = paths.size() == 1 ? Cut(FromWx(wxFileName(paths[0]).GetFullName())) : std::string();
+  Choice choice;
+  if (!Choose(dialog, choice)) return false;
+  const bool single = choice.names.size() == 1;
+  record.fileName = Cut(single ? choice.path : JoinedNames(choice.directory, choice.names));
+  record.fileTitle = single ? Cut(choice.names[0]) : std::string();
   record.filterIndex = static_cast<std::uint32_t>(dialog.GetFilterIndex() + 1);
   return true;
 }

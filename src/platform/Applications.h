@@ -43,4 +43,12 @@ class Automation {
   virtual std::shared_ptr<AutomationObject> ActiveObject(std::string_view className) = 0;
 };
 
+/// A debugger that may be watching the program.
+class Debugger {
+ public:
+  virtual ~Debugger() = default;
+  /// Stops the program in the debugger. Does nothing where none watches it.
+  virtual void Stop() = 0;
+};
+
 }  // namespace qb

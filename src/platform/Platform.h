@@ -29,6 +29,7 @@ struct Platform {
   std::unique_ptr<Environment> environment;
   std::unique_ptr<ApplicationWindows> windows;
   std::unique_ptr<Automation> automation;
+  std::unique_ptr<Debugger> debugger;
 };
 
 /// The platform of the process. It must have been installed.

@@ -49,6 +49,11 @@ std::string_view Unquoted(std::string_view value) {
   return enclosed ? value.substr(1, value.size() - 2) : value;
 }
 
+std::string ValueThatReadsBack(std::string_view text) {
+  std::string value(text);
+  return Unquoted(StoredValue(text)) == text ? value : '"' + value + '"';
+}
+
 std::uint32_t ProfileNameHash(std::string_view name) {
   std::uint64_t hash = name.size();
   name = name.substr(0, kHashedBytes);

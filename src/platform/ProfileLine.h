@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace qb {
@@ -42,6 +43,10 @@ std::string_view StoredValue(std::string_view text);
 
 /// A stored value without its one pair of enclosing quotes.
 std::string_view Unquoted(std::string_view value);
+
+/// `text` such that it reads back as it is: in one more pair of quotes where blanks or quotes at its ends
+/// would not count.
+std::string ValueThatReadsBack(std::string_view text);
 
 /// A number for the name that is the same for all spellings of its case; never 0. Only ASCII at the front of
 /// the name counts, up to 64 bytes, so that no code page need be known and a giant name costs nothing.

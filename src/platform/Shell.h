@@ -31,8 +31,10 @@ class Shell {
   /// True if `process` is known; `code` is then `kStillActive` while it runs, its exit code afterwards.
   virtual bool GetExitCode(ProcessHandle process, std::uint32_t& code) = 0;
 
-  /// Starts a command line in a normal window. Returns a number that is not 0. Raises 53 if there is no such
-  /// program, 5 if the command cannot be used.
+  /// Starts a command line in a normal window: the path of a program, or a command as the platform's shell
+  /// quotes it. "hh.exe" and a path shows that help file, with the desktop's viewer where the platform has no
+  /// such program. Returns a number that is not 0. Raises 53 if there is no such program, 5 if the command
+  /// cannot be used.
   virtual std::int32_t Start(std::string_view commandLine) = 0;
 };
 

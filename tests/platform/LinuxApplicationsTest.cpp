@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
@@ -30,6 +33,26 @@ TEST(LinuxEnvironment, ComputerName_FallsBackToTheNameOfTheMachine) {
   setenv("COMPUTERNAME", "WS1", 1);
   EXPECT_EQ(environment.Variable("COMPUTERNAME"), "WS1");
   unsetenv("COMPUTERNAME");
+}
+
+TEST(LinuxDebugger, Stop_WithoutADebugger_DoesNothing) {
+  LinuxDebugger().Stop();
+}
+
+TEST(LinuxDebugger, Stop_InAWatchedProgram_StopsItThere) {
+  const pid_t watched = fork();
+  ASSERT_GE(watched, 0);
+  if (watched == 0) {
+    if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(1);
+    LinuxDebugger().Stop();
+    _exit(2);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(watched, &status, 0), watched);
+  ASSERT_TRUE(WIFSTOPPED(status)) << "ended with " << WEXITSTATUS(status);
+  EXPECT_EQ(WSTOPSIG(status), SIGTRAP);
+  kill(watched, SIGKILL);
+  waitpid(watched, &status, 0);
 }
 
 /// Sets the time zone for one test.

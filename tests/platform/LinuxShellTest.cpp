@@ -270,6 +270,41 @@ TEST_F(LinuxShellTest, Start_SplitsTheLineAsAShellQuotesButRunsNone) {
   EXPECT_THAT(lines, ElementsAre("a b", "c d", "$HOME;", "*"));
 }
 
+TEST_F(LinuxShellTest, Start_PathOfAProgram_IsFoundOnTheDrive) {
+  WriteProgram(Native(R"(\opt\My Tools\info)"), "exec quillbank-recorder info \"$@\"\n");
+  for (const auto& [line, arguments] : {std::pair{R"(\opt\my tools\INFO)", std::vector<std::string>{"info"}},
+                                        std::pair{R"("\opt\My Tools\info" -a "b c" \d)",
+                                                  std::vector<std::string>{"info", "-a", "b c", R"(\d)"}}}) {
+    std::vector<std::string> lines = Recorded(shell_.Start(line));
+    lines.erase(lines.begin());
+    EXPECT_EQ(lines, arguments) << line;
+  }
+}
+
+TEST_F(LinuxShellTest, Start_HelpViewer_IsTheDesktopsProgramForTheHelpFile) {
+  Put(R"(\help me\en\00005554.chm)", "ITSF");
+  SetVerb(".chm", "open", "quillbank-recorder viewer %1");
+  std::vector<std::string> lines = Recorded(shell_.Start(R"(hh.exe \Help me\EN\00005554.chm)"));
+  EXPECT_THAT(lines, ElementsAre(::testing::_, "viewer", "/help me/en/00005554.chm"));
+}
+
+TEST_F(LinuxShellTest, Start_HelpViewer_OnADesktopWithoutOne_NamesTheFile) {
+  Put(R"(\en\00005554.chm)", "ITSF");
+  try {
+    shell_.Start(R"(HH.EXE \en\00005554.chm)");
+    ADD_FAILURE() << "nothing was raised";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), failure::kFileNotFound);
+    EXPECT_THAT(error.Description(), ::testing::HasSubstr(R"(\en\00005554.chm)"));
+  }
+}
+
+TEST_F(LinuxShellTest, Start_HelpViewer_OnAProgramFile_StartsNothing) {
+  WriteProgram(Native(R"(\en\help.AppImage)"), "exec quillbank-recorder\n");
+  EXPECT_THROW(shell_.Start(R"(hh.exe \en\help.AppImage)"), RuntimeError);
+  EXPECT_FALSE(std::filesystem::exists(TestDesktop::Record()));
+}
+
 TEST_F(LinuxShellTest, Start_Failures_Table) {
   struct Row {
     std::string_view line;
@@ -280,7 +315,9 @@ TEST_F(LinuxShellTest, Start_Failures_Table) {
         Row{"/no/such/folder/program", failure::kFileNotFound},
         Row{" http://www.orb.example", failure::kFileNotFound}, Row{"", failure::kInvalidArgument},
         Row{"  ", failure::kInvalidArgument}, Row{"'open quote", failure::kInvalidArgument},
-        Row{"'' x", failure::kInvalidArgument}, Row{"/etc", failure::kInvalidArgument}}) {
+        Row{R"(\no\such program)", failure::kFileNotFound},
+        Row{"\"\\no\\such program\" x", failure::kFileNotFound}, Row{"'' x", failure::kInvalidArgument},
+        Row{"/etc", failure::kInvalidArgument}}) {
     try {
       shell_.Start(row.line);
       ADD_FAILURE() << "nothing was raised for " << row.line;

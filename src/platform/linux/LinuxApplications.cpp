@@ -2,9 +2,24 @@
 
 #include <glib.h>
 
+#include <csignal>
 #include <cstdlib>
+#include <fstream>
 
 namespace qb {
+namespace {
+
+/// Whether another process traces this one.
+bool IsTraced() {
+  constexpr std::string_view kTracer = "TracerPid:\t";
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with(kTracer)) return line.substr(kTracer.size()) != "0";
+  }
+  return false;
+}
+
+}  // namespace
 
 std::string LinuxEnvironment::Variable(std::string_view name) {
   const char* const value = std::getenv(std::string(name).c_str());
@@ -12,6 +27,10 @@ std::string LinuxEnvironment::Variable(std::string_view name) {
   if (name != "COMPUTERNAME") return {};
   if (hostName_.empty()) hostName_ = g_get_host_name();
   return hostName_;
+}
+
+void LinuxDebugger::Stop() {
+  if (IsTraced()) std::raise(SIGTRAP);
 }
 
 }  // namespace qb

@@ -30,4 +30,9 @@ class NoAutomation : public Automation {
   std::shared_ptr<AutomationObject> ActiveObject(std::string_view) override { return nullptr; }
 };
 
+class LinuxDebugger : public Debugger {
+ public:
+  void Stop() override;
+};
+
 }  // namespace qb

@@ -42,6 +42,7 @@ std::unique_ptr<Platform> MakeLinuxPlatform(const LinuxPlatformOptions& options)
   platform->environment = std::make_unique<LinuxEnvironment>();
   platform->windows = std::make_unique<NoApplicationWindows>();
   platform->automation = std::make_unique<NoAutomation>();
+  platform->debugger = std::make_unique<LinuxDebugger>();
   return platform;
 }
 

@@ -16,6 +16,7 @@
 namespace qb {
 namespace {
 
+constexpr std::string_view kHelpViewer = "hh.exe ";
 constexpr std::uint32_t kKilledBySignal = 128;  // plus the signal's number, as shells count
 
 struct StartResult {
@@ -163,19 +164,40 @@ bool LinuxShell::GetExitCode(ProcessHandle process, std::uint32_t& code) {
   return true;
 }
 
+std::vector<std::string> LinuxShell::CommandOf(std::string_view commandLine) {
+  const std::string_view line = Trim(commandLine);
+  if (!line.starts_with('\\') && !line.starts_with("\"\\")) {
+    return CommandWords(std::string(line)).value_or(std::vector<std::string>{});
+  }
+  // A path of the program's own, which may hold blanks; it is no program if it does not exist.
+  if (const auto whole = files_.NativeExisting(line)) return {*whole};
+  std::vector<std::string> words = QuotedPieces(line);
+  words.front() = files_.NativeExisting(words.front()).value_or(words.front());
+  return words;
+}
+
+std::int32_t LinuxShell::ShowHelpFile(std::string_view path) {
+  ProcessHandle process = 0;
+  if (Execute({"Open", std::string(path), {}, {}}, process)) return process;
+  RaiseAbout(failure::kFileNotFound, "a program that shows " + std::string(path));
+}
+
 std::int32_t LinuxShell::Start(std::string_view commandLine) {
   for (const auto& [process, exitCode] : exitCodes_) {
     std::uint32_t code = 0;
     GetExitCode(process, code);  // takes notice of programs that nobody asks after
   }
-  const std::optional<std::vector<std::string>> words = CommandWords(std::string(commandLine));
-  if (!words || words->front().empty()) RaiseAbout(failure::kInvalidArgument, commandLine);
-  const StartResult started = StartProgram(*words, {});
+  if (EqualIgnoringCase(FirstCharacters(commandLine, kHelpViewer.size()), kHelpViewer)) {
+    return ShowHelpFile(Trim(commandLine.substr(kHelpViewer.size())));
+  }
+  const std::vector<std::string> words = CommandOf(commandLine);
+  if (words.empty() || words.front().empty()) RaiseAbout(failure::kInvalidArgument, commandLine);
+  const StartResult started = StartProgram(words, {});
   if (started.process == 0) {
     RaiseAbout(started.error == G_SPAWN_ERROR_NOENT || started.error == G_SPAWN_ERROR_NOTDIR
                    ? failure::kFileNotFound
                    : failure::kInvalidArgument,
-               words->front());
+               words.front());
   }
   Watch(started.process);
   return started.process;

@@ -27,6 +27,9 @@ class LinuxShell : public Shell {
  private:
   std::optional<std::string> ExistingFile(const ShellRequest& request);
   std::vector<std::string> FurtherArguments(std::string_view parameters);
+  /// The program of a command line and its arguments; empty if it cannot be read.
+  std::vector<std::string> CommandOf(std::string_view commandLine);
+  std::int32_t ShowHelpFile(std::string_view path);
   std::string HiveCommand(const std::string& native, std::string_view verb);
   void Watch(ProcessHandle process) { exitCodes_[process] = kStillActive; }
 

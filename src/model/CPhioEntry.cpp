@@ -61,6 +61,10 @@ std::string CPhioEntry::GetTitle() const {
   return title == nullptr ? std::string() : title->Value;
 }
 
+bool CPhioEntry::HasTitleProperty() const {
+  return properties_ != nullptr && FindTitle(*properties_) != nullptr;
+}
+
 bool CPhioEntry::SetTitle(std::int32_t lLOIO, std::string_view nstrTitle) {
   Trace(2, kModule, "SetTitle", "->");
   Trace(3, kModule, "SetTitle", "nstrTitle: '{}'", nstrTitle);

@@ -44,6 +44,8 @@ class CPhioEntry {
   std::shared_ptr<CProperties> Properties() const { return properties_; }
   /// The description, else the value of the property "DESCRIPTION"; empty without either or without a list.
   std::string GetTitle() const;
+  /// Whether there is a property "DESCRIPTION".
+  bool HasTitleProperty() const;
   /// Gives the property "DESCRIPTION" the title; the description member stays. A new property is not written.
   /// Raises 91 without a property list.
   bool SetTitle(std::int32_t lLOIO, std::string_view nstrTitle);

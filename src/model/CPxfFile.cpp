@@ -75,15 +75,24 @@ bool CPxfFile::HoldsLoadedLoio(std::string_view section) const {
          loadedLoios_->Item(witness)->LOIO_GUID();
 }
 
-bool CPxfFile::MayWrite(std::string_view section) const {
-  if (loading_) return true;
+std::string CPxfFile::WhyLocked(std::string_view section) const {
   // A package that was removed must not come back as a fragment.
   if (strFileName.empty() || !ThePlatform().files->Stamp(strFileName)) {
-    refusedWrite = fmt::format("{}: {}", strFileName, StandardDescription(failure::kFileNotFound));
-    return false;
+    return fmt::format("{}: {}", strFileName, StandardDescription(failure::kFileNotFound));
   }
-  if (HoldsLoadedLoio(section)) return true;
-  refusedWrite = fmt::format("{}: another package stands in its place", strFileName);
+  if (HoldsLoadedLoio(section)) return {};
+  return fmt::format("{}: another package stands in its place", strFileName);
+}
+
+std::string CPxfFile::WhyLocked(std::int32_t lLOIO) const {
+  return WhyLocked(std::to_string(lLOIO));
+}
+
+bool CPxfFile::MayWrite(std::string_view section) const {
+  if (loading_) return true;
+  std::string reason = WhyLocked(section);
+  if (reason.empty()) return true;
+  refusedWrite = std::move(reason);
   return false;
 }
 

@@ -67,6 +67,10 @@ class CPxfFile : public std::enable_shared_from_this<CPxfFile> {
   /// links followed. Nothing outside is written, deleted or started.
   bool IsInsidePackage(std::string_view path) const;
 
+  /// Why nothing can be written for a document now: the file is missing, or it is no longer the package that
+  /// was loaded. Empty if it is there and the same.
+  std::string WhyLocked(std::int32_t lLOIO) const;
+
  private:
   friend class PackageLoader;
   friend struct PxfFileAccess;  // of the tests
@@ -89,6 +93,7 @@ class CPxfFile : public std::enable_shared_from_this<CPxfFile> {
   std::string Read(std::string_view section, std::string_view key) const;
   /// False while the file is missing or is no longer the package that was loaded; that is noted.
   bool MayWrite(std::string_view section) const;
+  std::string WhyLocked(std::string_view section) const;
   /// Writes one key, or removes it without a value.
   bool Write(std::string_view section, std::string_view key, std::optional<std::string_view> value);
   /// False if another package stands in the place of the one whose document was loaded under this number.

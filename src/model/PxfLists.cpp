@@ -12,6 +12,7 @@
 #include "model/CPxfFile.h"
 #include "model/NumberedName.h"
 #include "platform/Platform.h"
+#include "platform/ProfileLine.h"
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -106,9 +107,9 @@ void CPxfFile::WritePropertyList(std::int32_t lLOIO, std::int32_t lPHIO, CProper
   Write(section, "COUNT", std::to_string(props.Count()));
   for (std::int32_t i = 1; i <= static_cast<std::int32_t>(props.Count()); ++i) {
     const CProperty& property = props.Item(static_cast<std::size_t>(i));
-    Write(section, NumberedName(i, "NAME"), property.Name);
-    Write(section, NumberedName(i, "VALUE"), property.Value);
-    Write(section, NumberedName(i, "INFO"), property.Info);
+    Write(section, NumberedName(i, "NAME"), ValueThatReadsBack(property.Name));
+    Write(section, NumberedName(i, "VALUE"), ValueThatReadsBack(property.Value));
+    Write(section, NumberedName(i, "INFO"), ValueThatReadsBack(property.Info));
     Trace(3, kModule, "WritePHIOProperties",
           "write PHIO-Props to PXF: Section: '{} '{}NAME': '{} '{}VALUE': '{} '{}INFO': '{}'", section, i,
           property.Name, i, property.Value, i, property.Info);

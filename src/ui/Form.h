@@ -29,6 +29,10 @@ class Form : public Control, public FormFonts {
   static constexpr int kUnloadByTaskManager = 3;
   static constexpr int kUnloadByOwner = 5;
 
+  /// A key code and a shift state of `KeyDown`.
+  static constexpr int kTabKey = 9;
+  static constexpr int kCtrl = 2;
+
   explicit Form(std::string_view name, std::string_view caption = {});
 
   /// Sets every text of the form in the wording of translation, and of localization.
@@ -44,6 +48,8 @@ class Form : public Control, public FormFonts {
   Property<Font> TextFont{*this, Font{}};
   /// Outer size in twips, kept by the toolkit.
   Bounds Place;
+  /// Whether it comes up in the middle of the screen, not of the window before it.
+  bool OnScreenCentre = false;
 
   std::function<void()> Load;
   /// Asked with the reason before the form goes; true keeps it.
@@ -51,6 +57,8 @@ class Form : public Control, public FormFonts {
   std::function<void()> Unload;
   std::function<void()> Resize;
   std::function<void(int)> KeyPress;  ///< character code
+  /// Key code and shift state, before the control that has the focus gets the key.
+  std::function<void(int, int)> KeyDown;
 
   FormObserver* Observer = nullptr;
 

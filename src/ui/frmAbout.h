@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/Form.h"
+#include "ui/controls/DialogControls.h"
 #include "ui/controls/SimpleControls.h"
 
 namespace qb {
@@ -18,6 +19,7 @@ class frmAbout : public Form {
   Button cmdSysInfo{*this, "cmdSysInfo", "&System Info..."};
   Label Label2{*this, "Label2", "Translator"};
   Label Label1{*this, "Label1", "Copyright ORB AG. All rights reserved."};
+  Line Line1{*this, "Line1"};
   Label lblDescription{*this, "lblDescription", "Making your translation/localization handling easier"};
   Label lblTitle{*this, "lblTitle", "Quillbank"};
   Label lblRelease{*this, "lblRelease", "Version"};

@@ -1,12 +1,11 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
-#include <cctype>
 #include <functional>
-#include <numeric>
 
 #include "foundation/FoundationState.h"
 #include "foundation/modMultiLanguage.h"
+#include "ui/KeyPart.h"
 #include "ui/frmAbout.h"
 #include "ui/frmContextMenu.h"
 #include "ui/frmQBTranslator.h"
@@ -14,19 +13,6 @@
 
 namespace qb {
 namespace {
-
-/// A control's path as keys spell it: a short one without its punctuation, a longer one cut and with the sum
-/// of its characters.
-std::string KeyPart(std::string_view path) {
-  std::string letters;
-  for (const char character : path) {
-    if (std::isalnum(static_cast<unsigned char>(character)) != 0) {
-      letters.push_back(static_cast<char>(std::toupper(static_cast<unsigned char>(character))));
-    }
-  }
-  if (path.size() <= 15) return letters;
-  return fmt::format("{}{:06}", letters.substr(0, 15), std::accumulate(path.begin(), path.end(), 0));
-}
 
 /// A text of the main window, by translation's number and text and, where they differ, localization's.
 struct Row {

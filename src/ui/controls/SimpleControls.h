@@ -34,6 +34,9 @@ class TextBox : public VisibleControl {
 
   Property<std::string> Text{*this, {}};
   Property<bool> Locked{*this, false};  ///< the user can read and copy the text but not change it
+  /// What is selected when the box comes on screen, in characters from 0. What the user selects is not told.
+  Property<int> SelStart{*this, 0};
+  Property<int> SelLength{*this, 0};
 };
 
 /// A bar that fills from `Min` to `Max`.
@@ -51,10 +54,18 @@ class ProgressBar : public VisibleControl {
 /// A picture, named by its icon.
 class Image : public VisibleControl {
  public:
+  /// What a drag of the picture ended in.
+  static constexpr int kDropNone = 0;
+  static constexpr int kDropCopy = 1;
+  static constexpr int kDropMove = 2;
+
   Image(Form& form, std::string_view name, std::string_view icon) : VisibleControl(form, name), icon_(icon) {}
 
   bool HasFont() const override { return false; }
   const std::string& Icon() const { return icon_; }
+
+  /// Called at the end of a drag with what it ended in; absent: the picture cannot be dragged.
+  std::function<void(int)> DragEnded;
 
  private:
   std::string icon_;

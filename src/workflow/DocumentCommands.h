@@ -10,4 +10,10 @@ void QbtMarkInProgress();
 void QbtMarkToBeTranslated();
 void QbtMarkCompleted();
 
+/// Asks for the title of the selected document in the target language and writes it to the package.
+void QbtTranslateTitle();
+
+/// A place in the menu: reports a failure that is pending, and does nothing else.
+void QbtTranslateProperties();
+
 }  // namespace qb

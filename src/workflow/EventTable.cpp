@@ -7,18 +7,25 @@
 #include "ui/Forms.h"
 #include "ui/Toolkit.h"
 #include "ui/frmAbout.h"
+#include "ui/frmAttributeTranslation.h"
 #include "ui/frmContextMenu.h"
 #include "ui/frmFileCheckinDialog.h"
+#include "ui/frmOptions.h"
 #include "ui/frmQBTranslator.h"
 #include "ui/frmSplash.h"
+#include "ui/frmTranslateTitle.h"
+#include "workflow/AboutDialog.h"
 #include "workflow/AssignTranslatedFile.h"
+#include "workflow/AttributeDialog.h"
 #include "workflow/ComponentCommands.h"
 #include "workflow/CopySelection.h"
 #include "workflow/DocumentCommands.h"
 #include "workflow/HelpMod.h"
 #include "workflow/OpenPackage.h"
+#include "workflow/OptionsDialog.h"
 #include "workflow/Selection.h"
 #include "workflow/Settings.h"
+#include "workflow/TitleDialog.h"
 #include "workflow/TranslateMod.h"
 #include "workflow/WindowEvents.h"
 
@@ -58,6 +65,8 @@ void RunInsertComponent() {
 
 void BindMainMenu(frmQBTranslator& form) {
   BindMenu({{&form.mniOpen, [] { QbtOpen(""); }},
+            {&form.mniCheckIn, QbtCheckIn},
+            {&form.mniPrint, QbtPrint},
             {&form.mniExit, [] { QbtQuit(false); }},
             {&form.mniCopy, QbtCopy},
             {&form.mniTranslate, RunTranslate},
@@ -67,12 +76,20 @@ void BindMainMenu(frmQBTranslator& form) {
             {&form.mniReplaceComponent, QbtReplaceComponent},
             {&form.mniReplaceAllComponents, QbtReplaceAllComponents},
             {&form.mniDeleteComponent, QbtDeleteComponent},
+            {&form.mniTranslateProperties, QbtTranslateProperties},
+            {&form.mniTranslateTitle, QbtTranslateTitle},
             {&form.mniToBeTranslated, QbtMarkToBeTranslated},
             {&form.mniInProgress, QbtMarkInProgress},
             {&form.mniCompleted, QbtMarkCompleted},
             {&form.mniShortView, [] { QbtSetViewDetailed(false); }},
             {&form.mniDetailedView, [] { QbtSetViewDetailed(true); }},
             {&form.mniRefresh, QbtRefresh},
+            {&form.mniOptions, ShowOptions},
+            {&form.mniHelp, QbtOnlineHelp},
+            {&form.mniTechnicalSupport, QbtTechnicalSupport},
+            {&form.mniOrbOnTheWWW, QbtOrbOnTheWorldWideWeb},
+            {&form.mniAbout, ShowAbout},
+            {&form.mniDebug, StopInDebugger},
             {&form.mniTrace, TraceClicked}});
   for (MenuItem& recent : form.recentFiles) {
     recent.Click = Guarded(recent, "Click", [&recent] { QbtOpen(StripMenuAccess(recent.Caption.Get())); });
@@ -100,6 +117,9 @@ void ToolbarClicked(int index) {
     case 9:
       QbtMarkCompleted();
       break;
+    case 11:
+      QbtOnlineHelp();
+      break;
     default:  // the others have no command
       break;
   }
@@ -117,6 +137,7 @@ void Bind(frmQBTranslator& form) {
   form.lvInfoObjectList.DblClick = Guarded(form.lvInfoObjectList, "DblClick", RunTranslate);
   form.lvInfoObjectList.KeyPress = Guarded<int>(form.lvInfoObjectList, "KeyPress", ListKeyPressed);
   form.lvInfoObjectList.MouseUp = Guarded<int>(form.lvInfoObjectList, "MouseUp", ListMouseUp);
+  form.sbcStatusBar.DblClick = Guarded(form.sbcStatusBar, "DblClick", StatusBarDoubleClicked);
   form.tmrTimer1.Tick = Guarded(form.tmrTimer1, "Timer", QbtRefresh);
 }
 
@@ -127,7 +148,9 @@ void Bind(frmContextMenu& form) {
             {&form.mniAssignTranslatedFile, QbtAssignTranslatedFile},
             {&form.mniToBeTranslated, QbtMarkToBeTranslated},
             {&form.mniInProgress, QbtMarkInProgress},
-            {&form.mniCompleted, QbtMarkCompleted}});
+            {&form.mniCompleted, QbtMarkCompleted},
+            {&form.mniTranslateTitle, QbtTranslateTitle},
+            {&form.mniTranslateProperties, SayNotImplemented}});
 }
 
 void Bind(frmSplash& form) {
@@ -138,6 +161,37 @@ void Bind(frmSplash& form) {
 
 void Bind(frmAbout& form) {
   form.Load = [&form] { AboutLoaded(form); };
+  form.cmdOK.Click = Guarded(form.cmdOK, "Click", [&form] { AboutConfirmed(form); });
+  form.cmdSysInfo.Click = Guarded(form.cmdSysInfo, "Click", StartSysInfo);
+  form.imgLogo.DragEnded = Guarded<int>(form.imgLogo, "OLECompleteDrag", AboutLogoDropped);
+}
+
+void Bind(frmOptions& form) {
+  form.Load = [&form] { OptionsLoaded(form); };
+  form.KeyDown = Guarded<int, int>(form, "KeyDown",
+                                   [&form](int key, int shift) { OptionsKeyPressed(form, key, shift); });
+  form.tbsOptions.Click = Guarded(form.tbsOptions, "Click", [&form] { OptionsTabSelected(form); });
+  form.cmdApply.Click = Guarded(form.cmdApply, "Click", [&form] { SetOpt(form); });
+  form.cmdOK.Click = Guarded(form.cmdOK, "Click", [&form] { OptionsConfirmed(form); });
+  form.cmdCancel.Click = Guarded(form.cmdCancel, "Click", [&form] { OptionsCancelled(form); });
+}
+
+void Bind(frmTranslateTitle& form) {
+  form.Load = [&form] { FormLoaded(form); };
+  form.QueryUnload = [&form](int) { return TitleAskedToUnload(form); };
+  form.btnOkay.Click = Guarded(form.btnOkay, "Click", [&form] { TitleOkPressed(form); });
+  form.btnCancel.Click = Guarded(form.btnCancel, "Click", [&form] { TitleCancelPressed(form); });
+}
+
+void Bind(frmAttributeTranslation& form) {
+  form.Load = [&form] { AttributesLoaded(form); };
+  form.Unload = [&form] { AttributesUnloaded(form); };
+  form.btnCopySource.Click = Guarded(form.btnCopySource, "Click", [&form] { AttributeSourceCopied(form); });
+  form.btnReusePreviousTranslation.Click =
+      Guarded(form.btnReusePreviousTranslation, "Click", [&form] { AttributePreviousReused(form); });
+  form.btnDefault.Click = Guarded(form.btnDefault, "Click", [&form] { AttributeDefaultPressed(form); });
+  form.btnOK.Click = Guarded(form.btnOK, "Click", [&form] { AttributesConfirmed(form); });
+  form.btnCancel.Click = Guarded(form.btnCancel, "Click", [&form] { AttributesCancelled(form); });
 }
 
 void Bind(frmFileCheckinDialog& form) {
@@ -156,7 +210,8 @@ bool BindIf(Form& form) {
 
 void BindEvents(Form& form) {
   BindIf<frmQBTranslator>(form) || BindIf<frmContextMenu>(form) || BindIf<frmSplash>(form) ||
-      BindIf<frmAbout>(form) || BindIf<frmFileCheckinDialog>(form);
+      BindIf<frmFileCheckinDialog>(form) || BindIf<frmAbout>(form) || BindIf<frmOptions>(form) ||
+      BindIf<frmTranslateTitle>(form) || BindIf<frmAttributeTranslation>(form);
 }
 
 }  // namespace qb

@@ -148,6 +148,12 @@ void ApplySettings(std::string_view language, std::string_view userID, std::int3
   Default<frmAbout>().lblRelease.Caption = "Version " + ProductVersion();
 }
 
+void GetSettings(std::string& language, std::string& userID, std::int32_t& timerInterval) {
+  language = gInterfaceLanguage;
+  userID = gUserID;
+  timerInterval = gTimerInterval;
+}
+
 void ToggleTrace() {
   gTraceOn = !gTraceOn;
   if (gTrace != nullptr) gTrace->Active = gTraceOn;

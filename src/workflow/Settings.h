@@ -16,6 +16,9 @@ void QbtSetRegistrySettings();
 /// milliseconds.
 void ApplySettings(std::string_view language, std::string_view userID, std::int32_t timerInterval);
 
+/// The three settings as they are held, for the options dialog.
+void GetSettings(std::string& language, std::string& userID, std::int32_t& timerInterval);
+
 /// Gives every loaded form its wording, for a localization package that of localization.
 void InitAllForms();
 

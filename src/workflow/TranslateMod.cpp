@@ -35,6 +35,7 @@ std::int32_t gRecentCount = 0;
 std::string gTraceFile;
 bool gQuitting = false;
 std::string gPhase;
+std::string gTitleDialogResult;
 
 namespace {
 
@@ -117,8 +118,9 @@ void ResetProgramState() {
   gSessionStamp.clear();
   gSessionNumber = gTimerInterval = gRecentCount = 0;
   gViewDetailed = gTraceOn = gMessageHandlerReady = gQuitting = false;
-  for (std::string* text : {&gUserID, &gHelpFile, &gWebBrowser, &gInstallationPath, &gProgramGroup,
-                            &gLastFile1, &gLastFile2, &gLastFile3, &gLastFile4, &gTraceFile, &gPhase}) {
+  for (std::string* text :
+       {&gUserID, &gHelpFile, &gWebBrowser, &gInstallationPath, &gProgramGroup, &gLastFile1, &gLastFile2,
+        &gLastFile3, &gLastFile4, &gTraceFile, &gPhase, &gTitleDialogResult}) {
     text->clear();
   }
   Err.Clear();

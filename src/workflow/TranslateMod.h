@@ -38,10 +38,11 @@ extern std::string gLastFile1;         ///< recent files, newest first, empty wh
 extern std::string gLastFile2;
 extern std::string gLastFile3;
 extern std::string gLastFile4;
-extern std::int32_t gRecentCount;  ///< entries added to the recent files since the start
-extern std::string gTraceFile;     ///< path of the trace file
-extern bool gQuitting;             ///< a quit is in progress
-extern std::string gPhase;         ///< "INIT" at the end of `Main`; nothing reads it
+extern std::int32_t gRecentCount;       ///< entries added to the recent files since the start
+extern std::string gTraceFile;          ///< path of the trace file
+extern bool gQuitting;                  ///< a quit is in progress
+extern std::string gPhase;              ///< "INIT" at the end of `Main`; nothing reads it
+extern std::string gTitleDialogResult;  ///< answer of the title dialog: "1" for Ok, "2" for Cancel
 
 /// The process entry: brings the globals to life, opens the package of the command tail and shows the window.
 void Main(std::string_view commandTail);

@@ -1,6 +1,7 @@
 #include "workflow/WindowEvents.h"
 
 #include "foundation/Product.h"
+#include "platform/Platform.h"
 #include "ui/Forms.h"
 #include "ui/Toolkit.h"
 #include "ui/frmContextMenu.h"
@@ -97,6 +98,18 @@ void ListKeyPressed(int character) {
 
 void ListMouseUp(int button) {
   if (button == kRightButton) TheToolkit().PopupMenu(Default<frmContextMenu>().mnuContextMenu);
+}
+
+void StatusBarDoubleClicked() {
+  if (!Default<frmQBTranslator>().sbcStatusBar.SimpleText.Get().empty()) QbtShow();
+}
+
+void StopInDebugger() {
+  ThePlatform().debugger->Stop();
+}
+
+void SayNotImplemented() {
+  MsgBox(QBL_LText("QB.QBTRANSLAT.FRMCONTEXTME.000.MNITRANSLATEPRO002916.T.00011|Not implemented yet"));
 }
 
 void TraceClicked() {

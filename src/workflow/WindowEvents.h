@@ -23,6 +23,11 @@ void TreeKeyPressed(int character);
 void TreeMouseUp(int button);
 void ListKeyPressed(int character);
 void ListMouseUp(int button);
+void StatusBarDoubleClicked();
 void TraceClicked();
+/// Stops in the debugger, if one watches the program.
+void StopInDebugger();
+/// The entry of the context menu that has no command yet.
+void SayNotImplemented();
 
 }  // namespace qb

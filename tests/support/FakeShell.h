@@ -2,12 +2,14 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "platform/Applications.h"
 #include "platform/Shell.h"
+#include "runtime/RuntimeError.h"
 
 namespace qb {
 
@@ -31,7 +33,8 @@ class FakeShell : public Shell {
 
   std::int32_t Start(std::string_view commandLine) override {
     started.emplace_back(commandLine);
-    return 1;
+    if (startFailure) throw *startFailure;
+    return startResult;
   }
 
   void EndProcess(ProcessHandle process) { exitCodes_[process] = 0; }
@@ -43,6 +46,8 @@ class FakeShell : public Shell {
   bool handsToRunningEditor = false;                         ///< programs give no process
   std::vector<ShellRequest> requests;
   std::vector<std::string> started;
+  std::int32_t startResult = 1;              ///< what the next starts of a command line answer
+  std::optional<RuntimeError> startFailure;  ///< what they raise instead
 
  private:
   ProcessHandle lastProcess_ = 0;

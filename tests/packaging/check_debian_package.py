@@ -17,6 +17,7 @@ SCRATCH = tempfile.TemporaryDirectory(prefix="quillbank-package-")
 SYSTEM = pathlib.Path(SCRATCH.name) / "system"
 PROGRAM = SYSTEM / "usr" / "bin" / "quillbank-translator"
 PROGRAM_FOLDER = SYSTEM / "usr" / "lib" / "quillbank-translator"
+HELP_TYPE = "application/vnd.ms-htmlhelp"
 
 os.environ["QB_TRANSLATOR"] = str(PROGRAM)
 sys.path.insert(0, str(ROOT / "tests" / "wx" / "window"))
@@ -64,6 +65,19 @@ def change_setting(name, value):
     changed, count = re.subn(f"(?m)^{name}=.*?(\r?)$", lambda match: f"{name}={value}{match[1]}", text)
     assert count == 1, f"{name} in {text}"
     file.write_bytes(changed.encode("utf-8"))
+
+
+def install_viewer(shown):
+    """Makes a program that writes the path it is given to the file `shown` the viewer of help files."""
+    applications = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "applications"
+    applications.mkdir(exist_ok=True)
+    viewer = shown.with_name("viewer")
+    viewer.write_text(f"#!/bin/sh\nprintf %s \"$1\" > '{shown}'\n")
+    viewer.chmod(0o755)
+    (applications / "viewer.desktop").write_text(
+        f"[Desktop Entry]\nType=Application\nName=Viewer\nExec={viewer} %f\nMimeType={HELP_TYPE};\n")
+    (applications / "mimeapps.list").write_text(f"[Default Applications]\n{HELP_TYPE}=viewer.desktop\n")
+    run("update-desktop-database", str(applications))
 
 
 class DebianPackage(unittest.TestCase):
@@ -131,6 +145,16 @@ class DebianPackage(unittest.TestCase):
     def test_helpStandsWhereTheProgramLooks(self):
         for language in ("en", "de", "ja"):
             self.assertTrue((PROGRAM_FOLDER / language / "00005554.chm").is_file(), language)
+
+    def test_helpKeyShowsTheHelpInTheViewerOfTheDesktop(self):
+        shown = pathlib.Path(self.folder.name) / "shown"
+        install_viewer(shown)
+        program = self.start()
+        program.focus_window()
+        desktop.keys("F1")
+        desktop.wait_until(lambda: shown.exists() and shown.read_text(), "help file in the viewer")
+        self.assertEqual(shown.read_text(), str(PROGRAM_FOLDER / "en" / "00005554.chm"))
+        self.quit(program)
 
     def test_desktopFindsProgramTypeAndIcons(self):
         share = SYSTEM / "usr" / "share"

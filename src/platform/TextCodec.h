@@ -9,6 +9,14 @@ namespace qb {
 using CodePage = unsigned;
 inline constexpr CodePage kUtf8 = 65001;
 
+/// The private character that stands for a byte, from 0x80 on, that means nothing in its code page.
+constexpr char32_t PrivateCharacter(unsigned char byte) {
+  return 0xF700U + byte;
+}
+constexpr bool IsPrivateCharacter(char32_t character) {
+  return character >= 0xF780U && character <= 0xF7FFU;
+}
+
 /// Converts between the program's UTF-8 and the bytes of a code page.
 class TextCodec {
  public:

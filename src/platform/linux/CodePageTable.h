@@ -33,12 +33,4 @@ class CodePageTable {
   std::unordered_map<char32_t, std::uint16_t> bytes_;
 };
 
-/// The private character that stands for a byte, from 0x80 on, that means nothing in its code page.
-constexpr char32_t PrivateCharacter(unsigned char byte) {
-  return 0xF700U + byte;
-}
-constexpr bool IsPrivateCharacter(char32_t character) {
-  return character >= 0xF780U && character <= 0xF7FFU;
-}
-
 }  // namespace qb

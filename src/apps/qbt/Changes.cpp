@@ -1,0 +1,156 @@
+#include "apps/qbt/Changes.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <stdexcept>
+
+#include "apps/qbt/ExitCode.h"
+#include "apps/qbt/PackageArgument.h"
+#include "runtime/Text.h"
+#include "ui/Forms.h"
+#include "ui/frmTranslateTitle.h"
+#include "workflow/AssignTranslatedFile.h"
+#include "workflow/ComponentCommands.h"
+#include "workflow/DocumentCommands.h"
+#include "workflow/TranslateMod.h"
+
+namespace qb {
+namespace {
+
+constexpr int kButtonBits = 15;
+constexpr std::size_t kFewestForAll = 2;
+
+/// A change that is one command without arguments.
+Change Plain(void (*command)()) {
+  return [command](WorkbenchSession&, const std::vector<std::string>&) {
+    command();
+    return exitcode::kFine;
+  };
+}
+
+Change Mark(const std::string& state) {
+  if (state == "in-progress") return Plain(QbtMarkInProgress);
+  if (state == "completed") return Plain(QbtMarkCompleted);
+  return Plain(QbtMarkToBeTranslated);
+}
+
+int Translate(WorkbenchSession& session, const std::vector<std::string>&) {
+  return session.RunEditor(QbtTranslate);
+}
+
+Change Title(const std::string& title) {
+  return [title](WorkbenchSession& session, const std::vector<std::string>&) {
+    session.Kit().PlayModal = [&title](Form& form) {
+      auto* dialog = dynamic_cast<frmTranslateTitle*>(&form);
+      if (dialog == nullptr) return;
+      dialog->ctlTitleTrans.Text = title;
+      dialog->btnOkay.Click();
+      if (dialog->Visible) dialog->btnCancel.Click();  // it has said what speaks against the title
+    };
+    QbtTranslateTitle();
+    session.Kit().PlayModal = nullptr;
+    return exitcode::kFine;
+  };
+}
+
+/// The files of the command line are the further files that the command asks for.
+int Assign(WorkbenchSession& session, const std::vector<std::string>& files) {
+  session.FileDialogs().Choices.assign(files.begin(), files.end());
+  session.Boxes().SuccessText = "Operation completed successfully";
+  session.Boxes().Decide = [&session](const MessageBoxRequest& request) -> std::optional<int> {
+    if ((request.style & kButtonBits) != box::kYesNoCancel) return std::nullopt;
+    return session.FileDialogs().Choices.empty() ? box::kNo : box::kYes;
+  };
+  QbtAssignTranslatedFile();
+  session.Boxes().Decide = nullptr;
+  session.Boxes().SuccessText.clear();
+  return exitcode::kFine;
+}
+
+int AddComponents(WorkbenchSession& session, const std::vector<std::string>& files) {
+  for (const std::string& file : files) {
+    session.FileDialogs().Choices = {file};
+    bool cancelled = false;
+    std::string added;
+    QbtInsertComponent(cancelled, added);
+    if (!session.Boxes().Outcome.IsFine()) break;
+  }
+  return exitcode::kFine;
+}
+
+int ReplaceComponent(WorkbenchSession& session, const std::vector<std::string>& files) {
+  session.FileDialogs().Choices.assign(files.begin(), files.end());
+  QbtReplaceComponent();
+  return exitcode::kFine;
+}
+
+/// The chooser gives several files as their folder and their names, separated by blanks.
+std::string AsOneChoice(const std::vector<std::string>& files) {
+  std::string choice;
+  for (const std::string& file : files) {
+    const std::size_t separator = file.rfind('\\');
+    if (choice.empty()) choice = file.substr(0, separator);
+    choice += ' ' + file.substr(separator + 1);
+  }
+  return choice;
+}
+
+int ReplaceAllComponents(WorkbenchSession& session, const std::vector<std::string>& files) {
+  session.FileDialogs().Choices = {AsOneChoice(files)};
+  QbtReplaceAllComponents();
+  return exitcode::kFine;
+}
+
+/// The command empties the list before it looks at what was chosen, so what it could not take must not get
+/// there.
+void RequireFilesForAll(const std::vector<std::string>& files) {
+  if (files.size() < kFewestForAll) {
+    throw CommandFailure(exitcode::kUsage, "all files of a translation are replaced by two files or more");
+  }
+  const auto folderOf = [](const std::string& file) {
+    const std::string kept = KeptPath(file);
+    return kept.substr(0, kept.rfind('\\'));
+  };
+  for (const std::string& file : files) {
+    if (KeptPath(file).find(' ') != std::string::npos) {
+      throw CommandFailure(exitcode::kUsage,
+                           fmt::format("{} has a blank in its path, which this command cannot "
+                                       "take",
+                                       ShownPath(KeptPath(file))));
+    }
+    if (folderOf(file) != folderOf(files.front())) {
+      throw CommandFailure(exitcode::kUsage, "the files must stand in one folder");
+    }
+  }
+}
+
+}  // namespace
+
+Change ChangeOf(const CommandLine& line) {
+  switch (line.command) {
+    case Command::kMark:
+      return Mark(line.state);
+    case Command::kTranslate:
+      return Translate;
+    case Command::kTitle:
+      return Title(line.title);
+    case Command::kAssign:
+      return Assign;
+    case Command::kComponentAdd:
+      return AddComponents;
+    case Command::kComponentReplace:
+      return ReplaceComponent;
+    case Command::kComponentReplaceAll:
+      RequireFilesForAll(line.files);
+      return ReplaceAllComponents;
+    case Command::kComponentPrimary:
+      return Plain(QbtMarkComponentAsPrimary);
+    case Command::kComponentDelete:
+      return Plain(QbtDeleteComponent);
+    default:
+      throw std::logic_error("this command changes nothing");
+  }
+}
+
+}  // namespace qb

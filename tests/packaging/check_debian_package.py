@@ -129,6 +129,12 @@ class DebianPackage(unittest.TestCase):
         self.quit(program)
         self.assertEqual(desktop.read_setting("InstallationPath"), str(PROGRAM_FOLDER).replace("/", "\\"))
 
+    def test_installedCommandListsTheSamplePackage(self):
+        version = run("dpkg-deb", "--field", str(self.package), "Version").strip()
+        command = str(PROGRAM.with_name("qbt"))
+        self.assertEqual(run(command, "--version"), f"qbt {version}\n")
+        self.assertIn("AQ_STIL", run(command, "list", "--package", self.sample()))
+
     def test_installedProgramFindsItsLanguages(self):
         self.quit(self.start())
         change_setting("InterfaceLanguage", "de")

@@ -46,6 +46,7 @@ void ListViewWindow::BindEvents() {
     if (event.GetItem().IsOk()) list_.Select(RowOf(event.GetItem()));
   });
   BindRightUp(*view_, [this] { RaiseContextMenu(*view_, list_); });
+  LeaveSearchKeyToMenus(*view_);
   BindKeyDown(*view_, [this](wxKeyEvent& event) {
     // One of the platforms would take the space bar as a double click.
     if (!RaiseKey(event, *view_, list_) && event.GetKeyCode() != WXK_SPACE) event.Skip();

@@ -45,6 +45,7 @@ void TableTreeWindow::BindEvents() {
   view_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU,
               [this](wxDataViewEvent& event) { SelectUnderPointer(event); });
   BindRightUp(*view_, [this] { RaiseContextMenu(*view_, tree_); });
+  LeaveSearchKeyToMenus(*view_);
   BindKeyDown(*view_, [this](wxKeyEvent& event) { OnKeyDown(event); });
 }
 

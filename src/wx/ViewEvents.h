@@ -12,6 +12,9 @@ void BindKeyDown(wxDataViewCtrl& view, const std::function<void(wxKeyEvent&)>& h
 /// up then would be closed by the button's release.
 void BindRightUp(wxDataViewCtrl& view, std::function<void()> handler);
 
+/// Leaves Ctrl+F, with which the desktop's own rows begin a search, to the menus.
+void LeaveSearchKeyToMenus(wxDataViewCtrl& view);
+
 /// The character code of the Return key.
 inline constexpr int kReturnCode = 13;
 inline constexpr int kRightButton = 2;

@@ -67,13 +67,12 @@ struct Choice {
 };
 
 void SayNotTaken(const Choice& choice, const std::vector<std::string>& notTaken) {
-  std::string text =
-      "Several files can be taken at once only if neither their folder nor their names hold a blank, and "
-      "only "
-      "as many as fit into one selection. In the folder '" +
-      ShownPath(choice.directory) + "' these cannot be taken:\r\n";
-  for (std::size_t i = 0; i < notTaken.size() && i < kNamesInBox; ++i) text += "\r\n" + notTaken[i];
-  if (notTaken.size() > kNamesInBox) text += "\r\n...";
+  std::string text = "These files of '" + ShownPath(choice.directory) + "' cannot be taken together:\r\n\r\n";
+  for (std::size_t i = 0; i < notTaken.size() && i < kNamesInBox; ++i) text += notTaken[i] + "\r\n";
+  if (notTaken.size() > kNamesInBox) text += "...\r\n";
+  text +=
+      "\r\nSeveral files at once must have no blank in their names or their folder, and must not be too "
+      "many.";
   MessageBoxRequest request;
   request.text = text;
   request.style = box::kExclamation;
@@ -129,16 +128,18 @@ std::string ToolkitFilter(std::string_view pairs) {
 bool WxFileDialogs::GetOpenFileName(OpenFileRecord& record) {
   const wxFileName preset(ToWx(ShownPath(record.fileName)));
   const std::string directory = ShownPath(record.initialDirectory);
+  const std::string filter = ToolkitFilter(record.filter);
   wxFileDialog dialog(ParentForDialogs(), ToWx(record.title),
                       directory.empty() ? preset.GetPath() : ToWx(directory), preset.GetFullName(),
-                      ToWx(ToolkitFilter(record.filter)), Style(record));
-  if (record.filterIndex > 0) dialog.SetFilterIndex(static_cast<int>(record.filterIndex) - 1);
+                      ToWx(filter), Style(record));
+  if (!filter.empty() && record.filterIndex > 0)
+    dialog.SetFilterIndex(static_cast<int>(record.filterIndex) - 1);
   Choice choice;
   if (!Choose(dialog, choice)) return false;
   const bool single = choice.names.size() == 1;
   record.fileName = Cut(single ? choice.path : JoinedNames(choice.directory, choice.names));
   record.fileTitle = single ? Cut(choice.names[0]) : std::string();
-  record.filterIndex = static_cast<std::uint32_t>(dialog.GetFilterIndex() + 1);
+  if (!filter.empty()) record.filterIndex = static_cast<std::uint32_t>(dialog.GetFilterIndex() + 1);
   return true;
 }
 

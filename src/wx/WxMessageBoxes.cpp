@@ -79,7 +79,9 @@ int WxMessageBoxes::Show(const MessageBoxRequest& request) {
   long style = buttons | IconStyle(request.style) | wxCENTRE;
   if ((request.style & box::kSecondButtonDefault) != 0 && (buttons & wxNO) != 0) style |= wxNO_DEFAULT;
   const std::string title = request.title.value_or(std::string(kProductName));
-  Box dialog(ParentForDialogs(), ToWx(request.text), ToWx(title), style);
+  wxString text = ToWx(request.text);
+  text.Replace("\r\n", "\n");  // the toolkit takes each of the two for the end of a line
+  Box dialog(ParentForDialogs(), text, ToWx(title), style);
   dialog.Bind(wxEVT_INIT_DIALOG, [&dialog](wxInitDialogEvent& event) {
     event.Skip();
     MarkAsDialog(dialog);

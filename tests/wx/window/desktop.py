@@ -168,6 +168,15 @@ class Translator:
         """Names of a menu's entries in order, "-" for a separator."""
         return ["-" if node.getRoleName() == "separator" else node.name for node in self.menu(menu)]
 
+    def popup_entry(self, name):
+        """The entry of the menu that popped up, None if there is none."""
+        for window in self.application():
+            if window.getRoleName() == "window":
+                found = self.find("menu item", name, window)
+                if found is not None:
+                    return found
+        return None
+
     def choose(self, name):
         self.entry(name).queryAction().doAction(0)
 
@@ -200,6 +209,21 @@ class Translator:
         self.click(text)
         wait_until(lambda: has(self.cell(text), pyatspi.STATE_SELECTED), f"selection of '{text}'")
 
+    def selected_rows(self):
+        """Texts of the selected row of the tree."""
+        return [node.name for node in walk(self.tree())
+                if node.getRoleName() == "table cell" and has(node, pyatspi.STATE_SELECTED)]
+
+    def selected_entries(self):
+        """Names of the menu entries that are lit up."""
+        return [node.name for node in walk(self.find("menu bar")) if has(node, pyatspi.STATE_SELECTED)]
+
+    def focused_text(self):
+        """The text in the entry that has the keyboard in the dialog that is up."""
+        entry = next(node for node in walk(self.box())
+                     if node.getRoleName() == "text" and has(node, pyatspi.STATE_FOCUSED))
+        return entry.queryText().getText(0, -1)
+
     def focus_window(self):
         """Gives the window the keyboard."""
         number = wait_until(lambda: windows_named(MAIN_WINDOW), "window on screen")[-1]
@@ -207,11 +231,9 @@ class Translator:
         return number
 
     def box(self):
-        """The dialog that is up, None if there is none."""
-        for child in self.application():
-            if child.getRoleName() in ("dialog", "alert", "file chooser"):
-                return child
-        return None
+        """The dialog that came up last, None if there is none."""
+        boxes = [child for child in self.application() if child.getRoleName() in ("dialog", "alert", "file chooser")]
+        return boxes[-1] if boxes else None
 
     def box_texts(self):
         return [node.name for node in walk(self.box()) if node.getRoleName() == "label" and node.name]

@@ -14,6 +14,8 @@ PICTURES = pathlib.Path(__file__).resolve().parent / "pictures"
 os.environ["QB_TRANSLATOR"] = os.path.abspath(sys.argv[1])
 sys.path.insert(0, str(ROOT / "tests" / "wx" / "window"))
 
+import pyatspi  # noqa: E402
+
 import desktop  # noqa: E402
 
 PACKAGE = pathlib.Path("/tmp/pump-handbook")  # a short path, since it stands in the pictures
@@ -23,7 +25,7 @@ def take(name, left, top, width, height):
     """Keeps a part of the screen with few colours, so that the help stays small."""
     path = PICTURES / f"{name}.png"
     last = None
-    while True:  # until the screen has come to rest
+    for _ in range(5):  # until the screen has come to rest, but not for ever, since a text cursor never does
         desktop.run("import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage", str(path))
         now = desktop.run("identify", "-format", "%#", str(path))
         if now == last:
@@ -63,6 +65,19 @@ def popup(translator):
     return None
 
 
+def take_dialog(translator, name, menu_key, entry):
+    """Takes a dialog that an entry of the menu bar opens. Chosen by keys: an action would wait for the dialog's end."""
+    translator.focus_window()
+    desktop.keys(menu_key)
+    while not desktop.has(translator.entry(entry), pyatspi.STATE_SELECTED):
+        desktop.keys("Down")
+    desktop.keys("Return")
+    desktop.wait_until(translator.box, f"dialog of '{entry}'")
+    take_node(name, translator.box())
+    desktop.keys("Escape")
+    translator.wait_for_no_box()
+
+
 def tree_pictures():
     translator = open_package()
     make_small(translator)
@@ -72,6 +87,8 @@ def tree_pictures():
     translator.click("stil.css", button=3)
     take_node("contextmenu", desktop.wait_until(lambda: popup(translator), "context menu"))
     desktop.keys("Escape")
+    take_dialog(translator, "title", "alt+e", "Translate Title")
+    take_dialog(translator, "options", "alt+t", "Options...")
     leave(translator)
 
 

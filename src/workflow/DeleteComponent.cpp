@@ -58,6 +58,7 @@ void Delete() {
   Trace(1, "TranslateMod", "QbtDeleteComponent", "DELETE COMPONENT: {}", key);
   gPxfFile->UpdateFileSize();
   SelectInTree(key);
+  WarnOfEmptyList(*loio);
 }
 
 }  // namespace

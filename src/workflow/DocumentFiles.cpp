@@ -7,6 +7,7 @@
 #include "runtime/RuntimeError.h"
 #include "ui/Forms.h"
 #include "ui/frmQBTranslator.h"
+#include "workflow/HelpMod.h"
 #include "workflow/TranslateMod.h"
 #include "workflow/TwoWordings.h"
 
@@ -144,6 +145,14 @@ bool ReplaceFile(std::string_view source, std::string_view target) {
   if (!CopyFileOver(source, target)) return false;
   old.Delete();
   return true;
+}
+
+void WarnOfEmptyList(const CLoioEntry& loio) {
+  const auto phio = loio.GetPhio(false);
+  if (phio == nullptr || phio->Components.Count() > 0) return;
+  SetStatusText(
+      QBL_FormatText("%1 has no component files. Insert one: without, the package cannot be opened again.",
+                     loio.TechnicalName()));
 }
 
 void SelectInTree(std::string_view key) {

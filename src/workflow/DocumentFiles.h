@@ -40,6 +40,9 @@ void DeleteEvenIfReadOnly(std::string_view path);
 /// copied; then the old file stands as it was. Raises why the old file could not be deleted.
 bool ReplaceFile(std::string_view source, std::string_view target);
 
+/// Warns in the status line of a document that lists no files any more: the load of a package ends there.
+void WarnOfEmptyList(const CLoioEntry& loio);
+
 /// Selects the node in the tree, if there is one of this key.
 void SelectInTree(std::string_view key);
 

@@ -104,6 +104,7 @@ void ReplaceAllFiles() {
           "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTREPLACEALLCO002353.T.00041|Select all the files you want to "
           "replace"));
   if (!answer.empty()) FillList(*loio, key, answer);
+  WarnOfEmptyList(*loio);
 }
 
 }  // namespace

@@ -165,6 +165,40 @@ TEST_F(DeleteComponentTest, PackageInItsOwnFolder_IsNotDeleted) {
   EXPECT_TRUE(Exists(kPackage));
 }
 
+TEST_F(DeleteComponentTest, LastFileThatIsNotPrimary_IsWarnedOfInTheStatusLine) {
+  OpenSmallPackage();
+  SelectNode("DOC1_styles.css");
+  Choose(R"(\work\new.css)");
+  QbtReplaceComponent();
+  Boxes().AnswerNext(box::kYes);
+  QbtDeleteComponent();
+  EXPECT_THAT(Listed("1"), IsEmpty());
+  EXPECT_THAT(Window().sbcStatusBar.SimpleText.Get(), HasSubstr("STYLES has no component files."));
+}
+
+TEST_F(DeleteComponentTest, OtherProgramChangesThePackageMeanwhile_BothChangesStand) {
+  OpenSmallPackage();
+  SelectNode("DOC2_menu.gif");
+  Boxes().AnswerNext(box::kYes, [&] {
+    std::string text = Bytes(kPackage);
+    const std::size_t at = text.find("PROGRESS=");
+    text.replace(at, text.find("\r\n", at) - at, "PROGRESS=COMPLETE");
+    Write(kPackage, text);
+  });
+  QbtDeleteComponent();
+  EXPECT_EQ(Value("1", "PROGRESS"), "COMPLETE");
+  EXPECT_THAT(Listed("2"), ElementsAre("menu.js:PRIM"));
+}
+
+TEST_F(DeleteComponentTest, OtherProgramRemovesThePackageMeanwhile_IsSaid) {
+  OpenSmallPackage();
+  SelectNode("DOC2_menu.gif");
+  Boxes().AnswerNext(box::kYes, [&] { std::filesystem::remove(Native(kPackage)); });
+  QbtDeleteComponent();
+  EXPECT_THAT(Boxes().Texts(), ElementsAre(kQuestion, HasSubstr("The package file could not be changed: ")));
+  EXPECT_FALSE(Exists(kPackage));
+}
+
 TEST_F(DeleteComponentTest, UnknownDocument_IsReported) {
   OpenSmallPackage();
   TableTree& tree = Window().TransPackTree;

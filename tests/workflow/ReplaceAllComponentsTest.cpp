@@ -99,6 +99,17 @@ TEST_F(ReplaceAllComponentsTest, ChooserCancelled_InsertBringsTheFilesBack) {
   EXPECT_THAT(Shown("DOC2"), ElementsAre("menu.js"));
 }
 
+TEST_F(ReplaceAllComponentsTest, DocumentWithoutFiles_IsWarnedOfInTheStatusLine) {
+  constexpr const char* kWarning = "SCRIPT has no component files. Insert one: ";
+  OpenSmallPackage();
+  SelectNode("DOC2");
+  ChooseInWork({"new.js", "one.gif"});
+  QbtReplaceAllComponents();
+  EXPECT_THAT(Window().sbcStatusBar.SimpleText.Get(), Not(HasSubstr(kWarning)));
+  QbtReplaceAllComponents();
+  EXPECT_THAT(Window().sbcStatusBar.SimpleText.Get(), HasSubstr(kWarning));
+}
+
 TEST_F(ReplaceAllComponentsTest, OneFile_EmptiesTheListAndSaysNothing) {
   OpenSmallPackage();
   SelectNode("DOC2");

@@ -121,6 +121,16 @@ class CheckinTest(FilesCase):
         self.wait_for_no_chooser()
 
 
+class ListCheckinTest(WindowCase):
+    def test_key_works_in_the_detailed_view_too(self):
+        self.start_with_sample(ViewDetailed="1")
+        self.program.select(DOCUMENT)
+        desktop.keys("ctrl+f")
+        self.wait(lambda: self.program.find("file chooser", CHOOSER), "file chooser")
+        desktop.keys("Escape")
+        self.wait(lambda: self.package_value("PROGRESS") == "UNCHANGED", "state in the package")
+
+
 class ComponentTest(FilesCase):
     def setUp(self):
         super().setUp()

@@ -32,6 +32,22 @@ void SetAccessibleName(wxDataViewCtrl& view, const std::string& name) {
 #endif
 }
 
+void SetAccessibleName(wxComboBox& box, const std::string& name) {
+  box.SetName(ToWx(name));
+#ifdef __WXGTK__
+  NameWidget(box.GetHandle(), name);
+  // The line inside is what takes the focus.
+  NameWidget(gtk_bin_get_child(GTK_BIN(box.GetHandle())), name);
+#endif
+}
+
+void SetAccessibleName(wxListBox& box, const std::string& name) {
+  box.SetName(ToWx(name));
+#ifdef __WXGTK__
+  NameWidget(gtk_bin_get_child(GTK_BIN(box.GetHandle())), name);
+#endif
+}
+
 void SetAccessibleName(wxStatusBar& bar, const std::string& name) {
   bar.SetName(ToWx(name));
 #ifdef __WXGTK__

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <wx/combobox.h>
 #include <wx/dataview.h>
+#include <wx/listbox.h>
 #include <wx/statusbr.h>
 #include <wx/toolbar.h>
 #include <wx/window.h>
@@ -14,6 +16,8 @@ namespace qb {
 /// own means this does no more than that.
 void SetAccessibleName(wxWindow& window, const std::string& name);
 void SetAccessibleName(wxDataViewCtrl& view, const std::string& name);
+void SetAccessibleName(wxComboBox& box, const std::string& name);
+void SetAccessibleName(wxListBox& box, const std::string& name);
 /// Tells assistive programs that the window is a status bar, and its name.
 void SetAccessibleName(wxStatusBar& bar, const std::string& name);
 /// Tells assistive programs that the window is a dialog, which the toolkit does for the desktop's own only.

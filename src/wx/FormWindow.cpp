@@ -3,13 +3,19 @@
 #include <wx/dialog.h>
 
 #include "ui/frmAbout.h"
+#include "ui/frmAttributeTranslation.h"
 #include "ui/frmFileCheckinDialog.h"
+#include "ui/frmOptions.h"
 #include "ui/frmQBTranslator.h"
 #include "ui/frmSplash.h"
+#include "ui/frmTranslateTitle.h"
 #include "wx/AboutWindow.h"
+#include "wx/AttributeWindow.h"
 #include "wx/CheckinWindow.h"
 #include "wx/MainWindow.h"
+#include "wx/OptionsWindow.h"
 #include "wx/SplashWindow.h"
+#include "wx/TitleWindow.h"
 
 namespace qb {
 
@@ -86,6 +92,12 @@ std::unique_ptr<FormWindow> MakeFormWindow(Form& form, wxWindow* parent) {
   if (auto* about = dynamic_cast<frmAbout*>(&form)) return std::make_unique<AboutWindow>(*about, parent);
   if (auto* checkin = dynamic_cast<frmFileCheckinDialog*>(&form))
     return std::make_unique<CheckinWindow>(*checkin, parent);
+  if (auto* title = dynamic_cast<frmTranslateTitle*>(&form))
+    return std::make_unique<TitleWindow>(*title, parent);
+  if (auto* options = dynamic_cast<frmOptions*>(&form))
+    return std::make_unique<OptionsWindow>(*options, parent);
+  if (auto* attributes = dynamic_cast<frmAttributeTranslation*>(&form))
+    return std::make_unique<AttributeWindow>(*attributes, parent);
   return nullptr;
 }
 

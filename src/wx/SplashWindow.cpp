@@ -16,6 +16,12 @@ constexpr int kGap = 12;
 constexpr int kMargin = 32;
 constexpr double kNameScale = 1.6;
 
+/// A text in a font of its own is measured by that font: before it is on screen, the desktop measures it by
+/// the usual one and would cut it off.
+void TakeRoom(wxStaticText& text) {
+  text.SetMinSize(text.GetTextExtent(text.GetLabelText()));
+}
+
 }  // namespace
 
 SplashWindow::SplashWindow(frmSplash& form)
@@ -28,6 +34,7 @@ SplashWindow::SplashWindow(frmSplash& form)
       version_(new wxStaticText(panel_, wxID_ANY, wxString())) {
   auto* name = new wxStaticText(panel_, wxID_ANY, ToWx(kProductName));
   name->SetFont(name->GetFont().Scaled(static_cast<float>(kNameScale)));
+  TakeRoom(*name);
   if (form.lblVersion.TextFont.Get().bold) version_->SetFont(version_->GetFont().Bold());
   auto* logo = new wxStaticBitmap(panel_, wxID_ANY, IconBitmap(form.Image1.Icon(), kLogoSize));
 
@@ -48,6 +55,7 @@ SplashWindow::SplashWindow(frmSplash& form)
 void SplashWindow::Apply() {
   if (version_->GetLabelText() == ToWx(form_.lblVersion.Caption.Get())) return;
   version_->SetLabelText(ToWx(form_.lblVersion.Caption.Get()));
+  TakeRoom(*version_);
   panel_->Fit();
   frame_->SetClientSize(panel_->GetSize());
   frame_->CentreOnScreen();

@@ -67,6 +67,7 @@ void WxToolkit::Show(Form& form) {
 void WxToolkit::ShowModal(Form& form) {
   FormWindow* window = FindOrMake(form);
   if (window == nullptr) return;
+  wxTheApp->CallAfter([this] { ApplyFocus(); });  // once it is on screen
   window->ShowModal();
   if (!form.Visible) Retire(form);
 }

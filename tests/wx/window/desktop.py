@@ -45,25 +45,42 @@ def keys(*names):
 
 
 def picture(name):
-    """Keeps a picture of the whole screen, if a folder was named. It waits for the screen to come to rest, but not
-    for ever, since a text cursor never does."""
-    if not PICTURES:
-        return
+    """Keeps a picture of the whole screen, if a folder was named."""
+    if PICTURES:
+        keep_picture("root", name)
+
+
+def keep_picture(window, name, *options):
+    """Waits for the window to come to rest, but not for ever, since a text cursor never does. Returns the file."""
     os.makedirs(PICTURES, exist_ok=True)
     path = f"{PICTURES}/{name}.png"
     last = None
     for _ in range(5):
-        run("import", "-window", "root", path)
+        run("import", *options, "-window", window, path)
         now = run("identify", "-format", "%#", path)
         if now == last:
-            return
+            break
         last = now
+    return path
 
 
 def windows_named(name):
     """The numbers of the windows on screen whose titles match."""
     found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name], capture_output=True, text=True)
     return found.stdout.split()  # it counts as failed where there are none
+
+
+def windows_of(process):
+    """The numbers of the windows of a process that can be seen, the last one in front."""
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(process), "--name", ".*"],
+                           capture_output=True, text=True)
+    return found.stdout.split()
+
+
+def picture_of_process(process, name):
+    """Keeps a picture of the last window of a process, with its frame."""
+    # A window that is only just coming has no frame yet.
+    wait_until(lambda: keep_picture(windows_of(process)[-1], name, "-frame"), f"window {name}")
 
 
 def windows_on_screen():
@@ -124,12 +141,8 @@ def walk(node, into_tables=True):
             yield from walk(child, into_tables)
 
 
-class Translator:
-    """One run of the program."""
-
-    def __init__(self, *arguments, folder):
-        self.process = subprocess.Popen([PROGRAM, *arguments], cwd=folder)
-        self.window()
+class Application:
+    """A running program, `process`, as a screen reader sees it."""
 
     def stop(self):
         if self.process.poll() is None:
@@ -151,6 +164,37 @@ class Translator:
 
     def get(self, role, name=None, below=None):
         return wait_until(lambda: self.find(role, name, below and below()), f"{role} '{name}'")
+
+    def box(self):
+        """The dialog that came up last, None if there is none."""
+        boxes = [child for child in self.application() if child.getRoleName() in ("dialog", "alert", "file chooser")]
+        return boxes[-1] if boxes else None
+
+    def box_texts(self):
+        return [node.name for node in walk(self.box()) if node.getRoleName() == "label" and node.name]
+
+    def wait_for_box(self, text):
+        wait_until(lambda: any(text in each for each in self.box_texts()), f"box with '{text}'")
+
+    def wait_for_no_box(self):
+        wait_until(lambda: self.box() is None, "end of the box")
+
+    def answer(self, button):
+        self.get("push button", button, self.box).queryAction().doAction(0)
+        self.wait_for_no_box()
+
+    def wait_for_end(self):
+        """Waits until the program has ended and returns its exit code."""
+        wait_until(lambda: self.process.poll() is not None, "end of the program")
+        return self.process.returncode
+
+
+class Translator(Application):
+    """One run of the program."""
+
+    def __init__(self, *arguments, folder):
+        self.process = subprocess.Popen([PROGRAM, *arguments], cwd=folder)
+        self.window()
 
     def window(self):
         return self.get("frame", MAIN_WINDOW)
@@ -230,29 +274,6 @@ class Translator:
         run("xdotool", "windowactivate", "--sync", number)
         return number
 
-    def box(self):
-        """The dialog that came up last, None if there is none."""
-        boxes = [child for child in self.application() if child.getRoleName() in ("dialog", "alert", "file chooser")]
-        return boxes[-1] if boxes else None
-
-    def box_texts(self):
-        return [node.name for node in walk(self.box()) if node.getRoleName() == "label" and node.name]
-
     def status(self):
         """The text in the status bar."""
         return self.find("label", None, self.find("status bar", "Status bar")).name
-
-    def wait_for_box(self, text):
-        wait_until(lambda: any(text in each for each in self.box_texts()), f"box with '{text}'")
-
-    def wait_for_no_box(self):
-        wait_until(lambda: self.box() is None, "end of the box")
-
-    def answer(self, button):
-        self.get("push button", button, self.box).queryAction().doAction(0)
-        self.wait_for_no_box()
-
-    def wait_for_end(self):
-        """Waits until the program has ended and returns its exit code."""
-        wait_until(lambda: self.process.poll() is not None, "end of the program")
-        return self.process.returncode

@@ -163,6 +163,15 @@ class TitleTest(DialogCase):
         self.wait(lambda: f"={title}\r\n" in self.package.read_bytes().decode("cp1252"), "title in the package")
 
 
+    def test_end_of_the_session_while_the_dialog_is_up_ends_the_program_and_writes_nothing(self):
+        before = self.package.read_bytes()
+        self.open()
+        desktop.run("xdotool", "type", "dropped")
+        self.program.process.terminate()
+        self.assertEqual(self.program.wait_for_end(), 0)
+        self.assertEqual(self.package.read_bytes(), before)
+
+
 class OptionsTest(DialogCase):
     def open(self):
         self.choose("alt+t", "Options...")

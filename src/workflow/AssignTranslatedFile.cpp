@@ -86,6 +86,7 @@ Outcome CheckIn(CLoioEntry& loio, const std::string& key, const std::string& fil
   SetCheckinProgress(0.25);
   const std::string target = JoinFile(gPxfFile->GetPxfPath(), loio.GetTranslationFileName());
   dialog.ctlCurrentFile.Text = target;
+  TheToolkit().Repaint(dialog);
   if (!MayChange(target)) {
     loio.CancelTransition();
     return Outcome::kStopped;

@@ -72,10 +72,11 @@ TEST_F(AssignTranslatedFileTest, Dialog_ShowsTheTargetAndMovesItsBar) {
     if (&form != &Dialog()) return;
     EXPECT_TRUE(form.Visible);
     bar.push_back(Dialog().ctlProgressBar.Value);
+    EXPECT_EQ(Dialog().ctlCurrentFile.Text.Get(), bar.size() < 3 ? "" : R"(\pkg\dst\styles.css)");
   };
   Boxes().AnswerNext(box::kNo, [&] { EXPECT_FALSE(Dialog().Visible) << "gone before the question"; });
   QbtAssignTranslatedFile();
-  EXPECT_THAT(bar, ElementsAre(0, 25, 50, 75, 100));
+  EXPECT_THAT(bar, ElementsAre(0, 25, 25, 50, 75, 100));
   EXPECT_EQ(Dialog().ctlCurrentFile.Text.Get(), R"(\pkg\dst\styles.css)");
   EXPECT_THAT(DialogCalls(), ElementsAre("show", "hide", "hide"));
 }

@@ -34,6 +34,12 @@ class Titles(Changes):
         self.assertEqual("The page", self.value("ADD1", "1VALUE"))
         self.assertEqual("UNCHANGED_C_MODIFIED_T", self.value(1, "PROGRESS"))
 
+    def test_anyTextIsATitle_ACommandsNameToo_AndBehindADoubleDashAnOption(self):
+        for arguments, title in ((["list"], "list"), (["--", "-5 °C"], "-5 °C"), (["component"], "component")):
+            result = self.qbt("title", "PAGE", *arguments)
+            self.assertEqual(0, result.code, result.err)
+            self.assertEqual(title, self.value("ADD1", "1VALUE"))
+
     def test_theSameTitleChangesNothing(self):
         result = self.qbt("title", "PAGE", " Titel ")
         self.assertEqual((0, "PAGE: to-be-translated\n"), (result.code, result.out), result.err)

@@ -270,6 +270,12 @@ class Check(QbtTest):
             self.assertEqual(1, self.qbt("check").code)
             self.assertEqual(0, self.qbt("status").code)
 
+    def test_aListWithAHugeCount_OrThatIsHuge_EndsAtOnce(self):
+        self.expect("property-unnamed", self.with_list("COUNT=2000000000\r\n1NAME=A\r\n"), "[ADD1]")
+        entries = "".join(f"{i}NAME=A\r\n{i}VALUE=B\r\n" for i in range(1, 100001))
+        self.file.write_bytes(with_length(self.with_list("COUNT=100000\r\n" + entries)).encode())
+        self.assertEqual([], self.findings())
+
     def test_anEmptyFileHasFindings(self):
         self.file.write_bytes(b"")
         self.assertIn("count-missing", [each["code"] for each in self.findings()])

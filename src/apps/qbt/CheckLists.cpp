@@ -20,10 +20,13 @@ class ListCheck {
     if (stated == nullptr) {
       findings_.Warn("list-count", {section->line, document}, "COUNT of the properties is missing");
     }
+    if (count == 0) return;
+    const auto properties = ListedProperties(source_, *section);
     for (std::int32_t i = 1; i <= count; ++i) {
-      const PackageEntry* name = source_.Find(section, std::to_string(i) + "NAME");
-      if (name != nullptr && !name->value.empty()) continue;
-      findings_.Error("property-unnamed", {name != nullptr ? name->line : section->line, document},
+      const auto property = properties.find(i);
+      if (property != properties.end() && !property->second.name.IsEmpty()) continue;
+      const bool isThere = property != properties.end() && property->second.name.IsThere();
+      findings_.Error("property-unnamed", {isThere ? property->second.name.line : section->line, document},
                       fmt::format("property {} of {} has no name, so none of them can be loaded", i, count));
       return;
     }

@@ -29,14 +29,8 @@ class Grammar {
     app_.set_version_flag("--version", "qbt " + ProductVersion());
     app_.set_help_flag("-h,--help", "Show this help and end");
     app_.require_subcommand(1);
-    app_.fallthrough();
     app_.footer(kFooter);
-    app_.add_option("-p,--package", line.package,
-                    "The package file, or the folder that it stands in; without it the only .pxf file in the "
-                    "current folder")
-        ->type_name("PACKAGE");
-    app_.add_flag("-y,--yes", line.yes, "Answer every question with yes");
-    app_.add_option("--trace", line.trace, "Write the program's trace to this file")->type_name("FILE");
+    AddCommonOptions(app_);
     AddReaders();
     AddChanges();
     AddComponents();
@@ -46,9 +40,20 @@ class Grammar {
   CLI::App& App() { return app_; }
 
  private:
+  /// They may stand in front of a command and behind it. Were they handed up instead, a title "list" would be
+  /// taken for the command.
+  void AddCommonOptions(CLI::App& app) {
+    app.add_option("-p,--package", line_.package,
+                   "The package file, or the folder that it stands in; without it the only .pxf file in the "
+                   "current folder")
+        ->type_name("PACKAGE");
+    app.add_flag("-y,--yes", line_.yes, "Answer every question with yes");
+    app.add_option("--trace", line_.trace, "Write the program's trace to this file")->type_name("FILE");
+  }
+
   CLI::App& Sub(CLI::App& parent, const char* name, const char* help, Command command) {
     CLI::App& sub = *parent.add_subcommand(name, help);
-    sub.fallthrough();
+    AddCommonOptions(sub);
     sub.final_callback([this, command] {
       line_.command = command;
       if (!document_.empty()) line_.documents = {document_};
@@ -125,7 +130,6 @@ class Grammar {
   void AddComponents() {
     CLI::App& component = *app_.add_subcommand("component", "Change the files of a document's translation");
     component.require_subcommand(1);
-    component.fallthrough();
     const auto named = [this](CLI::App& sub) {
       sub.add_option("COMPONENT", line_.component, "name of a file of the translation")
           ->required()

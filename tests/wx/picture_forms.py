@@ -17,8 +17,9 @@ import forms  # noqa: E402
 EXAMPLE = pathlib.Path(__file__).resolve().parents[2] / "examples" / "localization"
 
 
-def title_of(window):
-    return desktop.run("xdotool", "getwindowname", window).strip()
+def main_window(process):
+    """The one window that is wider than the splash; None if it is not there yet."""
+    return next((window for window in desktop.windows_of(process) if desktop.width_of(window) > 600), None)
 
 
 def picture_main(language):
@@ -27,10 +28,8 @@ def picture_main(language):
         desktop.write_settings({"InterfaceLanguage": language})
         process = subprocess.Popen([desktop.PROGRAM, f"{folder}/package/Trans.pxf"], cwd=folder)
         try:
-            # The splash comes first, and bears the bare name of the program.
-            desktop.wait_until(lambda: len(title_of(desktop.windows_of(process.pid)[-1])) > len(desktop.PRODUCT),
-                               "main window")
-            desktop.picture_of_process(process.pid, f"form-main-{language}")
+            window = desktop.wait_until(lambda: main_window(process.pid), "main window")
+            desktop.picture_of_window(window, f"form-main-{language}")
         finally:
             process.kill()
             process.wait()
@@ -38,7 +37,8 @@ def picture_main(language):
 
 def picture_form(name, language):
     with forms.FormDemo(name, language) as demo:
-        desktop.picture_of_process(demo.process.pid, f"form-{name}-{language}")
+        window = desktop.windows_of(demo.process.pid)[-1]
+        desktop.picture_of_window(window, f"form-{name}-{language}")
 
 
 desktop.run("xdotool", "mousemove", "0", "0")  # where it brings up no tool tip

@@ -71,16 +71,23 @@ def windows_named(name):
 
 
 def windows_of(process):
-    """The numbers of the windows of a process that can be seen, the last one in front."""
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(process), "--name", ".*"],
+    """The numbers of the windows of a process that can be seen, the last one in front. By size, since the desktop puts
+    tiny ones beside them, and not by title, which may be in any script."""
+    found = subprocess.run(["xdotool", "search", "--all", "--onlyvisible", "--pid", str(process), "--class", ""],
                            capture_output=True, text=True)
-    return found.stdout.split()
+    return [number for number in found.stdout.split() if width_of(number) >= 100]
 
 
-def picture_of_process(process, name):
-    """Keeps a picture of the last window of a process, with its frame."""
+def width_of(window):
+    """In pixels; 0 for a window that is gone."""
+    found = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], capture_output=True, text=True)
+    return next((int(line[6:]) for line in found.stdout.splitlines() if line.startswith("WIDTH=")), 0)
+
+
+def picture_of_window(window, name):
+    """Keeps a picture of one window with its frame."""
     # A window that is only just coming has no frame yet.
-    wait_until(lambda: keep_picture(windows_of(process)[-1], name, "-frame"), f"window {name}")
+    wait_until(lambda: keep_picture(window, name, "-frame"), f"window {name}")
 
 
 def windows_on_screen():

@@ -27,5 +27,13 @@ read -r number <"$home/display"
 export DISPLAY=":$number"
 openbox >/dev/null 2>&1 &
 manager=$!
+# Until the window manager has taken over, windows are neither placed nor closed nor given the keyboard.
+until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
+  kill -0 "$manager" 2>/dev/null || { echo "The window manager has ended" >&2; exit 1; }
+  sleep 0.05
+done
+# The first key that is sent changes the keyboard's map, and the window manager takes its keys anew; one of them that
+# came right then would be lost.
+xdotool key shift
 
 dbus-run-session -- "$@"

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qb {
 
@@ -34,6 +35,10 @@ class AutomationObject {
   virtual ~AutomationObject() = default;
   /// Raises what the object raises.
   virtual std::string TextProperty(std::string_view name) = 0;
+  /// A member that is an object itself, or nothing. Raises 438 (no such member) unless the object has any.
+  virtual std::shared_ptr<AutomationObject> ObjectProperty(std::string_view name);
+  /// The elements of a collection in its order. Raises 438 if the object is none.
+  virtual std::vector<std::shared_ptr<AutomationObject>> Elements();
 };
 
 class Automation {

@@ -14,7 +14,7 @@ struct Wording {
   std::string_view text;
 };
 
-constexpr std::array<Wording, 14> kWordings{{
+constexpr std::array<Wording, 15> kWordings{{
     {failure::kInvalidArgument, "Invalid procedure call or argument"},
     {failure::kOverflow, "Overflow"},
     {failure::kOutOfMemory, "Out of memory"},
@@ -28,6 +28,7 @@ constexpr std::array<Wording, 14> kWordings{{
     {failure::kPathFileAccess, "Path/File access error"},
     {failure::kPathNotFound, "Path not found"},
     {failure::kObjectNotSet, "Object variable not set"},
+    {failure::kNoSuchMember, "Object doesn't support this property or method"},
     {failure::kKeyAlreadyThere, "This key is already associated with an element of this collection"},
 }};
 

@@ -22,6 +22,7 @@ inline constexpr long kPermissionDenied = 70;
 inline constexpr long kPathFileAccess = 75;
 inline constexpr long kPathNotFound = 76;
 inline constexpr long kObjectNotSet = 91;
+inline constexpr long kNoSuchMember = 438;
 inline constexpr long kKeyAlreadyThere = 457;
 /// Raised by commands and editor sessions themselves.
 inline constexpr long kOwn = -42;

@@ -52,7 +52,13 @@ bool CEditor::IsOpen() {
   if (!bIsOpen_) return false;
   if (ending_) return true;
   const auto loio = gLoios->Item(strLOIOGUID_);
-  if (!IsProcessRunning(hEditorProcess_)) EndSession(TranslationHasChanged(*loio, !loio->hasNotePad()));
+  if (loio->hasDocumentBridge()) {
+    if (objBridge_ == nullptr || grpDst_ == nullptr) EndSession(false);
+  } else if (loio->hasHTMLEditor()) {
+    EndSession(false);
+  } else if (!IsProcessRunning(hEditorProcess_)) {
+    EndSession(TranslationHasChanged(*loio, !loio->hasNotePad()));
+  }
   return bIsOpen_;
 }
 
@@ -70,7 +76,8 @@ void CEditor::DoSave() {
                   "title to PXF file"),
         1, false, false);
   }
-  if (!gPxfFile->WriteHyperlinks(loio->LoioNo(), loio->GetPhio(false)->PhioNo(), &colHyperlinks_)) {
+  if (!gPxfFile->WriteHyperlinks(loio->LoioNo(), Existing(loio->GetPhio(false)).PhioNo(),
+                                 colHyperlinks_.get())) {
     gMessageHandler->Message(
         QBL_LText("QB.QBTRANSLAT.CEDITOR.000.DOCDST_ONPOSTLO002205.T.00011|Could not write "
                   "hyperlinks to PXF file"),
@@ -78,15 +85,6 @@ void CEditor::DoSave() {
   }
   loio->SaveTransition();
   bContentChanged_ = true;
-}
-
-bool CEditor::ExtractHyperlinksAndTitle() {
-  const TracedProcedure traced(kModule, "ExtractHyperlinksAndTitle");
-  colHyperlinks_.Clear();
-  strTitle_.clear();
-  if (!gLoios->Item(strLOIOGUID_)->hasHyperlink()) return false;
-  gMessageHandler->Message("No hyperlink handling defined for documents of this type", 2, true, false);
-  return false;
 }
 
 void CEditor::CloseProcessSession(const CLoioEntry& loio, std::string_view closeEditorText, bool& stillRuns) {
@@ -101,6 +99,24 @@ void CEditor::CloseProcessSession(const CLoioEntry& loio, std::string_view close
   DoSave();
 }
 
+bool CEditor::CloseBridgeSession(bool single) {
+  bool closed = true;
+  // The groups are held here, since the events of their close empty the fields.
+  if (const auto group = grpDst_; group != nullptr) {
+    if (!Attempt([&] { group->Close(); })) closed = false;
+    grpDst_.reset();
+    objBridge_.reset();
+  }
+  if (const auto group = grpSrc_; single && group != nullptr) {
+    if (!Attempt([&] { group->Close(); })) closed = false;
+    grpSrc_.reset();
+    objSecondBridge_.reset();
+  }
+  grpSrc_.reset();
+  Err.Clear();
+  return closed;
+}
+
 bool CEditor::CloseEditor() {
   const TracedProcedure traced(kModule, "CloseEditor");
   if (gLoios == nullptr) return true;
@@ -108,13 +124,17 @@ bool CEditor::CloseEditor() {
   if (!bIsOpen_) return true;
   bool stillRuns = false;
   // From here on errors are ignored: each step runs whatever became of the one before it.
-  Attempt([&] {
-    CloseProcessSession(*loio,
-                        loio->hasNotePad()
-                            ? QBL_LText("QB.QBTRANSLAT.CEDITOR.000.CLOSEEDITOR.T.00008|Please close editor")
-                            : QBL_LText("QB.QBTRANSLAT.CEDITOR.000.CLOSEEDITOR.T.00009|Please close editor"),
-                        stillRuns);
-  });
+  if (loio->hasDocumentBridge() && !IsVisio11Running()) {
+    if (!CloseBridgeSession(loio->hasSingleDocEditor())) return false;
+  } else if (!loio->hasHTMLEditor()) {
+    Attempt([&] {
+      CloseProcessSession(
+          *loio,
+          loio->hasNotePad() ? QBL_LText("QB.QBTRANSLAT.CEDITOR.000.CLOSEEDITOR.T.00008|Please close editor")
+                             : QBL_LText("QB.QBTRANSLAT.CEDITOR.000.CLOSEEDITOR.T.00009|Please close editor"),
+          stillRuns);
+    });
+  }
   if (stillRuns) return false;
   if (!bIsOpen_) {
     Attempt([&] { loio->state->CloseTransition(); });

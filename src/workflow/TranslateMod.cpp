@@ -1,5 +1,6 @@
 #include "workflow/TranslateMod.h"
 
+#include "editors/EditorQuestions.h"
 #include "foundation/EventLoop.h"
 #include "foundation/FoundationState.h"
 #include "foundation/Product.h"
@@ -114,6 +115,7 @@ void ResetProgramState() {
   ResetFoundationState();
   TheForms().Clear();
   gModelQuestions = {};
+  gEditorQuestions = {};
   gVisioWindows = 0;
   gSessionStamp.clear();
   gSessionNumber = gTimerInterval = gRecentCount = 0;

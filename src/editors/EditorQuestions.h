@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "editors/DocumentBridge.h"
+#include "editors/HtmlParser.h"
+
+namespace qb {
+
+/// What the editing sessions ask of the program's entry, which knows what this machine offers. Without an
+/// answer there is no office and no parser.
+struct EditorQuestions {
+  /// A new bridge; nothing where there is no office.
+  std::function<std::shared_ptr<IBridge>()> newDocumentBridge;
+  /// A new parser of HTML files.
+  std::function<std::shared_ptr<IHtmlParser>()> newHtmlParser;
+};
+extern EditorQuestions gEditorQuestions;
+
+}  // namespace qb

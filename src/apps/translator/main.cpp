@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "editors/EditorQuestions.h"
+#include "editors/gumbo/GumboHtmlParser.h"
 #include "foundation/Product.h"
 #include "foundation/gRvdError.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -31,6 +33,7 @@ class TranslatorApp : public wxApp {
     auto platform = qb::MakeLinuxPlatform();
     qb::AddWxDesktop(*platform);
     qb::InstallPlatform(std::move(platform));
+    qb::gEditorQuestions.newHtmlParser = qb::MakeGumboHtmlParser;
     qb::InstallToolkit(std::make_unique<qb::WxToolkit>());
     CallAfter([this] { Run(); });
     return true;

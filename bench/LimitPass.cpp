@@ -33,6 +33,24 @@ class Descriptor {
   int number_;
 };
 
+std::vector<std::string_view> LinesOf(const std::string& bytes) {
+  std::vector<std::string_view> lines;
+  for (std::size_t start = 0; start < bytes.size();) {
+    const std::size_t end = std::min(bytes.find('\n', start), bytes.size() - 1) + 1;
+    lines.emplace_back(bytes.data() + start, end - start);
+    start = end;
+  }
+  return lines;
+}
+
+std::uint64_t HashOfKeys(const std::vector<std::string_view>& lines) {
+  std::uint64_t hash = 0;
+  for (const std::string_view line : lines) {
+    hash = hash * 31 + std::hash<std::string_view>{}(line.substr(0, line.find('=')));
+  }
+  return hash;
+}
+
 }  // namespace
 
 std::string ReadWhole(const std::filesystem::path& path) {
@@ -59,20 +77,25 @@ void WriteAndSync(const std::filesystem::path& path, std::string_view bytes) {
 
 std::uint64_t LimitPass(const std::filesystem::path& from, const std::filesystem::path& to) {
   const std::string bytes = ReadWhole(from);
-  std::vector<std::string_view> lines;
-  for (std::size_t start = 0; start < bytes.size();) {
-    const std::size_t end = std::min(bytes.find('\n', start), bytes.size() - 1) + 1;
-    lines.emplace_back(bytes.data() + start, end - start);
-    start = end;
-  }
-  std::uint64_t hash = 0;
+  const std::vector<std::string_view> lines = LinesOf(bytes);
+  const std::uint64_t hash = HashOfKeys(lines);
   std::string out;
   out.reserve(bytes.size());
-  for (const std::string_view line : lines) {
-    hash = hash * 31 + std::hash<std::string_view>{}(line.substr(0, line.find('=')));
-    out.append(line);
-  }
+  for (const std::string_view line : lines) out.append(line);
   WriteAndSync(to, out);
+  return hash;
+}
+
+std::uint64_t ReadingPass(const std::filesystem::path& from) {
+  const std::string bytes = ReadWhole(from);
+  return HashOfKeys(LinesOf(bytes));
+}
+
+std::uint64_t ReadingPassWithFiles(const std::filesystem::path& from) {
+  std::uint64_t hash = ReadingPass(from);
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(from.parent_path())) {
+    if (!entry.is_directory()) hash = hash * 31 + entry.file_size();
+  }
   return hash;
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
@@ -124,10 +123,15 @@ class DocumentReader {
 }  // namespace
 
 std::int32_t PlainNumber(std::string_view digits) {
+  constexpr std::size_t kMostDigits = 9;  // so that it fits
+  constexpr std::int32_t kBase = 10;
+  if (digits.empty() || digits.front() == '0' || digits.size() > kMostDigits) return 0;
   std::int32_t number = 0;
-  if (digits.empty() || digits.front() == '0') return 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  return error == std::errc() && end == digits.data() + digits.size() ? number : 0;
+  for (const char digit : digits) {
+    if (!IsDigit(digit)) return 0;
+    number = number * kBase + (digit - '0');
+  }
+  return number;
 }
 
 void ReadListedDocument(const PackageSource& source, const PackageSource::Section& section,

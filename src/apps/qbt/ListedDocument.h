@@ -88,7 +88,8 @@ std::map<std::int32_t, ListedProperty> ListedProperties(const PackageSource& sou
 /// The number that a count states as the program reads it; 0 for one that is missing, negative or too large.
 std::int32_t CountIn(std::string_view bytes);
 
-/// The number that `digits` spell without a zero in front; 0 for any other text.
+/// The number that `digits` spell without a zero in front; 0 for any other text, and
+/// from ten digits on.
 std::int32_t PlainNumber(std::string_view digits);
 
 }  // namespace qb

@@ -14,6 +14,7 @@ constexpr std::array<std::string_view, 4> kRoles{"DST_CURR", "SRC_CURR", "SRC_PR
 PackageContents::PackageContents(const PackageSource& source) : source_(source) {
   const PackageEntry* stated = source.Find(source.Find("GLOBAL"), "INFOBJS");
   const std::int32_t count = stated == nullptr ? 0 : CountIn(stated->value);
+  documents_.reserve(std::min(static_cast<std::size_t>(count), source.Sections().size()));
   for (const PackageSource::Section& section : source.Sections()) {
     const std::int32_t number = section.shadowed ? 0 : PlainNumber(section.name);
     if (number == 0 || number > count) continue;

@@ -14,17 +14,18 @@
 namespace qb {
 namespace {
 
-constexpr std::size_t kTypicalLine = 20;  // bytes
+constexpr std::size_t kTypicalLine = 20;      // bytes
+constexpr std::size_t kTypicalSection = 256;  // bytes
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 char Capital(char byte) {
   return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
 }
 
-std::string InCapitals(std::string_view name) {
-  std::string capitals(name);
-  std::transform(capitals.begin(), capitals.end(), capitals.begin(), Capital);
-  return capitals;
+/// Nothing that is trimmed or means something at the ends of a name or a value.
+bool IsWordCharacter(char byte) {
+  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') ||
+         byte == '_';
 }
 
 }  // namespace
@@ -62,22 +63,39 @@ void PackageSource::AddSection(std::string_view name, std::uint32_t line) {
   if (!sections_.empty()) sections_.back().end = position;
   sections_.push_back({name, line, position, position, false});
   if (line == 0) return;
-  const bool isNew = byName_.emplace(InCapitals(name), sections_.size() - 1).second;
+  const bool isNew = byName_.emplace(name, sections_.size() - 1).second;
   sections_.back().shadowed = !isNew;
+}
+
+bool PackageSource::AddPlainEntry(std::string_view line) {
+  if (line.ends_with('\n')) line.remove_suffix(1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  const std::size_t sign = line.find('=');
+  if (sign == std::string_view::npos || sign == 0) return false;
+  const std::string_view name = line.substr(0, sign);
+  const std::string_view value = line.substr(sign + 1);
+  if (!IsWordCharacter(name.front()) || !IsWordCharacter(name.back())) return false;
+  if (!value.empty() && !(IsWordCharacter(value.front()) && IsWordCharacter(value.back()))) return false;
+  entries_.push_back({name, value, lines_, true});
+  return true;
 }
 
 void PackageSource::Parse() {
   std::string_view rest = bytes_;
+  const bool hasNul = rest.find('\0') != std::string_view::npos;
   if (rest.starts_with(kByteOrderMark)) rest.remove_prefix(kByteOrderMark.size());
   entries_.reserve(bytes_.size() / kTypicalLine);
+  byName_.reserve(bytes_.size() / kTypicalSection);
   AddSection({}, 0);
   while (!rest.empty()) {
     const auto* const found = static_cast<const char*>(std::memchr(rest.data(), '\n', rest.size()));
     const std::size_t length =
         found == nullptr ? rest.size() : static_cast<std::size_t>(found - rest.data()) + 1;
-    const ProfileLine line = ParseProfileLine(rest.substr(0, length));
+    const std::string_view bytes = rest.substr(0, length);
     rest.remove_prefix(length);
     ++lines_;
+    if (!hasNul && AddPlainEntry(bytes)) continue;
+    const ProfileLine line = ParseProfileLine(bytes);
     if (line.kind == ProfileLine::Kind::kSection) {
       AddSection(line.name, lines_);
     } else if (line.kind == ProfileLine::Kind::kKey) {
@@ -89,7 +107,7 @@ void PackageSource::Parse() {
 }
 
 const PackageSource::Section* PackageSource::Find(std::string_view name) const {
-  const auto found = byName_.find(InCapitals(name));
+  const auto found = byName_.find(name);
   return found == byName_.end() ? nullptr : &sections_[found->second];
 }
 

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/ProfileLine.h"
 #include "platform/TextCodec.h"
 
 namespace qb {
@@ -18,6 +19,16 @@ struct PackageEntry {
   std::string_view value;
   std::uint32_t line = 0;  ///< from 1
   bool hasSign = true;     ///< the line has a `=`
+};
+
+/// Compares names regardless of the case of ASCII letters.
+bool SameName(std::string_view left, std::string_view right);
+
+struct NameHash {
+  std::size_t operator()(std::string_view name) const { return ProfileNameHash(name); }
+};
+struct NameEqual {
+  bool operator()(std::string_view left, std::string_view right) const { return SameName(left, right); }
 };
 
 /// One package file as it lies on the disk, with the number of each line. It is read once and never written.
@@ -57,6 +68,8 @@ class PackageSource {
 
  private:
   void Parse();
+  /// Adds a line whose name and value need no trimming, as most do. False if it is none, and must be parsed.
+  bool AddPlainEntry(std::string_view line);
   void AddSection(std::string_view name, std::uint32_t line);
 
   std::string path_;
@@ -65,7 +78,7 @@ class PackageSource {
   std::uint32_t lines_ = 0;
   std::vector<PackageEntry> entries_;
   std::vector<Section> sections_;
-  std::unordered_map<std::string, std::uint32_t> byName_;  // by the name in capital letters
+  std::unordered_map<std::string_view, std::uint32_t, NameHash, NameEqual> byName_;
 };
 
 /// Reads a package file. Raises CommandFailure, naming the file, if it cannot be read.
@@ -73,8 +86,5 @@ PackageSource ReadPackage(const std::string& path);
 
 /// Whether no byte of a text is beyond 7 bits.
 bool IsAscii(std::string_view text);
-
-/// Compares names regardless of the case of ASCII letters.
-bool SameName(std::string_view left, std::string_view right);
 
 }  // namespace qb

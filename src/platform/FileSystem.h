@@ -91,9 +91,8 @@ class FileSystem {
   virtual bool Copy(std::string_view source, std::string_view target) = 0;
 
   virtual void Remove(std::string_view path) = 0;
-  /// Gives a file another name in its folder. Raises what keeps it from being removed, and 75 for a name that
-  /// is taken; then nothing has changed.
-  virtual void Rename(std::string_view path, std::string_view newPath) = 0;
+  /// Raises what would keep the file from being removed. Changes nothing.
+  virtual void CheckRemovable(std::string_view path) = 0;
   virtual void MakeDirectory(std::string_view path) = 0;
   /// Only the bits that the file system knows count; on Linux that is the read-only bit.
   virtual void SetAttributes(std::string_view path, unsigned attributes) = 0;

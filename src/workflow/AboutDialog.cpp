@@ -55,7 +55,9 @@ bool GetKeyValue(Hive hive, std::string_view key, std::string_view valueName, st
 
 void StartSysInfo() {
   const std::string tool = SystemInformationTool();
-  const bool started = !tool.empty() && Attempt([&tool] { ThePlatform().shell->Start(tool); });
+  std::int32_t process = 0;
+  const bool started =
+      !tool.empty() && Attempt([&] { process = ThePlatform().shell->Start(tool); }) && process != 0;
   Err.Clear();
   if (started) return;
   MsgBox(QBL_LText(

@@ -29,51 +29,6 @@ bool IsFolderInsidePackage(std::string_view folder) {
          gPxfFile->IsInsidePackage(folder);
 }
 
-/// A file under another name beside its own. It gets its name back unless it is deleted for good.
-class FileSetAside {
- public:
-  explicit FileSetAside(std::string_view path) : path_(path), aside_(FreeNameBeside(path)) {
-    ThePlatform().files->Rename(path_, aside_);
-  }
-  FileSetAside(const FileSetAside&) = delete;
-  FileSetAside& operator=(const FileSetAside&) = delete;
-  ~FileSetAside() {
-    if (!deleted_) PutBack();
-  }
-
-  void Delete() {
-    deleted_ = true;
-    Attempt([this] { ThePlatform().files->Remove(aside_); });
-    TellWhereItIs();
-  }
-
- private:
-  static std::string FreeNameBeside(std::string_view path) {
-    std::string name = std::string(path) + ".replaced";
-    for (int i = 2; ThePlatform().files->Find(name); ++i) {
-      name = std::string(path) + ".replaced" + std::to_string(i);
-    }
-    return name;
-  }
-
-  void PutBack() {
-    Attempt([this] { ThePlatform().files->Rename(aside_, path_); });
-    TellWhereItIs();
-  }
-
-  /// After a failure, so that the file is not lost to the user.
-  void TellWhereItIs() const {
-    if (Err.Number == 0) return;
-    Err.Clear();
-    gMessageHandler->Message(QBL_FormatText("The old file '%1' is kept as '%2'.", path_, aside_), 1, true,
-                             false);
-  }
-
-  std::string path_;
-  std::string aside_;
-  bool deleted_ = false;
-};
-
 }  // namespace
 
 std::shared_ptr<CLoioEntry> DocumentToChange(std::string_view key) {
@@ -127,24 +82,28 @@ bool SaveFirstState(const CLoioEntry& loio) {
   if (!MayChange(backup)) return false;
   if (IsDirectory(backup)) return true;
   ThePlatform().files->MakeDirectory(backup);
-  CopyDirectoryFiles(folder, backup);
-  return true;
+  if (CopyDirectoryFiles(folder, backup)) return true;
+  const PendingError error = Err;
+  throw RuntimeError(error.Number, error.Source, error.Description);
 }
 
 void DeleteEvenIfReadOnly(std::string_view path) {
   FileSystem& files = *ThePlatform().files;
-  const auto found = files.Find(path);
-  if (found && (found->attributes & attribute::kReadOnly) != 0) {
-    files.SetAttributes(path, found->attributes - attribute::kReadOnly);
-  }
-  files.Remove(path);
+  Attempt([&] {
+    const auto found = files.Find(path);
+    if (found && (found->attributes & attribute::kReadOnly) != 0) {
+      files.SetAttributes(path, found->attributes - attribute::kReadOnly);
+    }
+  });
+  Err.Clear();
+  files.Remove(path);  // tells what is wrong if the attribute could not be taken away
 }
 
 bool ReplaceFile(std::string_view source, std::string_view target) {
-  FileSetAside old(target);
-  if (!CopyFileOver(source, target)) return false;
-  old.Delete();
-  return true;
+  // The copy takes the old file's place by itself, and only when it is whole. So the deletion in front of it
+  // is only tried out, and no kill leaves the document without a file.
+  ThePlatform().files->CheckRemovable(target);
+  return CopyFileOver(source, target);
 }
 
 void WarnOfEmptyList(const CLoioEntry& loio) {

@@ -23,7 +23,7 @@ class MockFileSystem : public FileSystem {
   MOCK_METHOD(std::unique_ptr<FileWriter>, OpenForAppending, (std::string_view), (override));
   MOCK_METHOD(bool, Copy, (std::string_view, std::string_view), (override));
   MOCK_METHOD(void, Remove, (std::string_view), (override));
-  MOCK_METHOD(void, Rename, (std::string_view, std::string_view), (override));
+  MOCK_METHOD(void, CheckRemovable, (std::string_view), (override));
   MOCK_METHOD(void, MakeDirectory, (std::string_view), (override));
   MOCK_METHOD(void, SetAttributes, (std::string_view, unsigned), (override));
   MOCK_METHOD(std::string, CurrentDirectory, (), (override));

@@ -189,10 +189,9 @@ TEST_F(LinuxFileSystemTest, Failures_Table) {
   EXPECT_EQ(Raised([&] { files_.Remove(R"(\no)"); }), failure::kFileNotFound);
   EXPECT_EQ(Raised([&] { files_.Remove(R"(\folder)"); }), failure::kPathFileAccess);
   EXPECT_EQ(Raised([&] { files_.Remove(R"(\readonly)"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.Rename(R"(\no)", R"(\to)"); }), failure::kFileNotFound);
-  EXPECT_EQ(Raised([&] { files_.Rename(R"(\folder)", R"(\to)"); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.Rename(R"(\readonly)", R"(\to)"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.Rename(R"(\file)", R"(\readonly)"); }), failure::kPathFileAccess);
+  EXPECT_EQ(Raised([&] { files_.CheckRemovable(R"(\no)"); }), failure::kFileNotFound);
+  EXPECT_EQ(Raised([&] { files_.CheckRemovable(R"(\folder)"); }), failure::kPathFileAccess);
+  EXPECT_EQ(Raised([&] { files_.CheckRemovable(R"(\readonly)"); }), failure::kPermissionDenied);
   EXPECT_EQ(Raised([&] { files_.MakeDirectory(R"(\folder)"); }), failure::kPathFileAccess);
   EXPECT_EQ(Raised([&] { files_.MakeDirectory(R"(\no\no)"); }), failure::kPathNotFound);
   EXPECT_EQ(Raised([&] { files_.SetAttributes(R"(\no)", 0); }), failure::kFileNotFound);
@@ -218,21 +217,9 @@ TEST_F(LinuxFileSystemTest, Pipes_AreNoFilesToRead) {
   EXPECT_NE(Raised([&] { files_.OpenForWriting(R"(\pipe)"); }), 0);
 }
 
-TEST_F(LinuxFileSystemTest, Rename_KeepsTheContentAndTakesNoOtherFilesPlace) {
+TEST_F(LinuxFileSystemTest, CheckRemovable_LeavesTheFile) {
   Put(R"(\f)", "x");
-  Put(R"(\other)", "y");
-  EXPECT_EQ(Raised([&] { files_.Rename(R"(\f)", R"(\OTHER)"); }), failure::kPathFileAccess);
-  files_.Rename(R"(\f)", R"(\g)");
-  EXPECT_FALSE(Exists(R"(\f)"));
-  EXPECT_EQ(Content(R"(\g)"), "x");
-  EXPECT_EQ(Content(R"(\other)"), "y");
-}
-
-TEST_F(LinuxFileSystemTest, Rename_OfALink_LeavesWhatItLeadsTo) {
-  Put(R"(\f)", "x");
-  std::filesystem::create_symlink(Native(R"(\f)"), Native(R"(\link)"));
-  files_.Rename(R"(\link)", R"(\g)");
-  EXPECT_TRUE(std::filesystem::is_symlink(Native(R"(\g)")));
+  files_.CheckRemovable(R"(\F)");
   EXPECT_EQ(Content(R"(\f)"), "x");
 }
 

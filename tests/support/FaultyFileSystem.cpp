@@ -85,9 +85,9 @@ void FaultyFileSystem::Remove(std::string_view path) {
   real_->Remove(path);
 }
 
-void FaultyFileSystem::Rename(std::string_view path, std::string_view newPath) {
-  Meet(FileOperation::kRename, path);
-  real_->Rename(path, newPath);
+void FaultyFileSystem::CheckRemovable(std::string_view path) {
+  Meet(FileOperation::kCheckRemovable, path);
+  real_->CheckRemovable(path);
 }
 
 void FaultyFileSystem::MakeDirectory(std::string_view path) {

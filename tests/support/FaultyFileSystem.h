@@ -20,7 +20,7 @@ enum class FileOperation {
   kWrite,  ///< of an open file; fails in `Flush`
   kCopy,
   kRemove,
-  kRename,
+  kCheckRemovable,
   kMakeDirectory,
   kSetAttributes,
   kResolved,
@@ -56,7 +56,7 @@ class FaultyFileSystem : public FileSystem {
   std::unique_ptr<FileWriter> OpenForAppending(std::string_view path) override;
   bool Copy(std::string_view source, std::string_view target) override;
   void Remove(std::string_view path) override;
-  void Rename(std::string_view path, std::string_view newPath) override;
+  void CheckRemovable(std::string_view path) override;
   void MakeDirectory(std::string_view path) override;
   void SetAttributes(std::string_view path, unsigned attributes) override;
   std::string CurrentDirectory() override { return real_->CurrentDirectory(); }

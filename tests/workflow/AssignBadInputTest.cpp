@@ -71,7 +71,7 @@ TEST_F(AssignBadInputTest, ReadOnlyTarget_IsReportedAndStays) {
 TEST_F(AssignBadInputTest, TargetOpenElsewhere_IsReportedAndStays) {
   OpenSmallPackage();
   FaultyFileSystem& faults = InstallFaultyFiles(ThePlatform());
-  faults.Fail(FileOperation::kRename, failure::kPermissionDenied, "styles.css");
+  faults.Fail(FileOperation::kCheckRemovable, failure::kPermissionDenied, "styles.css");
   SelectNode("DOC1");
   Choose(R"(\done\new.css)");
   QbtAssignTranslatedFile();
@@ -105,32 +105,18 @@ TEST_F(AssignBadInputTest, UnreadableFileOrFullDisk_KeepsTheOldOne) {
   }
 }
 
-TEST_F(AssignBadInputTest, OldFileThatCannotBeBroughtBack_IsNamed) {
+TEST_F(AssignBadInputTest, AtNoMomentIsTheDocumentWithoutItsFile) {
   OpenSmallPackage();
-  FaultyFileSystem& faults = InstallFaultyFiles(ThePlatform());
-  faults.Fail(FileOperation::kCopy, failure::kDiskFull, "styles.css");
-  faults.Fail(FileOperation::kRename, failure::kPermissionDenied, "styles.css.replaced");
+  FaultyFileSystem& files = InstallFaultyFiles(ThePlatform());
   SelectNode("DOC1");
   Choose(R"(\done\new.css)");
-  QbtAssignTranslatedFile();
-  EXPECT_THAT(
-      Boxes().Texts(),
-      ElementsAre(
-          HasSubstr(R"(The old file '\pkg\dst\styles.css' is kept as '\pkg\dst\styles.css.replaced'.)"),
-          "Error during check-in of file"));
-  EXPECT_EQ(Bytes(R"(\pkg\dst\styles.css.replaced)"), R"(\pkg\dst\styles.css)");
-}
-
-TEST_F(AssignBadInputTest, LeftoverOfACrash_IsNotOverwritten) {
-  OpenSmallPackage();
-  Write(R"(\pkg\dst\styles.css.replaced)", "of a crash");
-  SelectNode("DOC1");
-  Choose(R"(\done\new.css)");
+  std::string duringTheCopy;
+  files.BeforeNext(FileOperation::kCopy, [&] { duringTheCopy = Bytes(R"(\pkg\dst\styles.css)"); });
   Boxes().AnswerNext(box::kNo);
   QbtAssignTranslatedFile();
+  EXPECT_EQ(duringTheCopy, R"(\pkg\dst\styles.css)");
   EXPECT_EQ(Bytes(R"(\pkg\dst\styles.css)"), R"(\done\new.css)");
-  EXPECT_EQ(Bytes(R"(\pkg\dst\styles.css.replaced)"), "of a crash");
-  EXPECT_THAT(FilesIn(R"(\pkg\dst)"), SizeIs(4));
+  EXPECT_THAT(FilesIn(R"(\pkg\dst)"), UnorderedElementsAre("styles.css", "menu.js", "menu.gif"));
 }
 
 TEST_F(AssignBadInputTest, TargetIsALinkOutOfThePackage_IsRefusedByName) {

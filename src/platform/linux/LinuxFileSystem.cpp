@@ -17,6 +17,7 @@
 #include "platform/linux/FolderSearch.h"
 #include "platform/linux/LinuxErrors.h"
 #include "platform/linux/LinuxFileWriter.h"
+#include "platform/linux/TemporaryFile.h"
 
 namespace qb {
 namespace {
@@ -97,15 +98,13 @@ void LinuxFileSystem::Remove(std::string_view path) {
   if (unlink(native.c_str()) != 0) RaiseSystemError(errno, path, native);
 }
 
-void LinuxFileSystem::Rename(std::string_view path, std::string_view newPath) {
+void LinuxFileSystem::CheckRemovable(std::string_view path) {
   const std::string native = NativeForCreation(path);
   RefuseReadOnly(native, path);
   struct stat status {};
   if (lstat(native.c_str(), &status) != 0) RaiseSystemError(errno, path, native);
   if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR, path, native);
-  const std::string newNative = NativeForCreation(newPath);
-  if (lstat(newNative.c_str(), &status) == 0) RaiseSystemError(EEXIST, newPath, newNative);
-  if (rename(native.c_str(), newNative.c_str()) != 0) RaiseSystemError(errno, path, native);
+  if (access(FolderOf(native).c_str(), W_OK) != 0) RaiseSystemError(errno, path, native);
 }
 
 void LinuxFileSystem::MakeDirectory(std::string_view path) {

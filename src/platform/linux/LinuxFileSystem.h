@@ -24,7 +24,7 @@ class LinuxFileSystem : public FileSystem {
   std::unique_ptr<FileWriter> OpenForAppending(std::string_view path) override;
   bool Copy(std::string_view source, std::string_view target) override;
   void Remove(std::string_view path) override;
-  void Rename(std::string_view path, std::string_view newPath) override;
+  void CheckRemovable(std::string_view path) override;
   void MakeDirectory(std::string_view path) override;
   void SetAttributes(std::string_view path, unsigned attributes) override;
   std::string CurrentDirectory() override { return paths_.CurrentDirectory(); }

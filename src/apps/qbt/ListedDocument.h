@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/qbt/ByNumber.h"
 #include "apps/qbt/PackageSource.h"
 
 namespace qb {
@@ -49,7 +50,7 @@ struct ListedVersion {
   KeyValue fileCount;
   KeyValue properties;
   KeyValue links;
-  std::map<std::int32_t, ListedFile> files;  ///< by number, those above the count too
+  ByNumber<ListedFile> files;  ///< by number, those above the count too
 
   std::int32_t FileCount() const;
 };
@@ -67,7 +68,7 @@ struct ListedDocument {
   KeyValue subdocument;
   KeyValue slide;
   KeyValue versionCount;
-  std::map<std::int32_t, ListedVersion> versions;  ///< by number, those above the count too
+  ByNumber<ListedVersion> versions;  ///< by number, those above the count too
   std::vector<DoubledKey> doubled;
 
   std::int32_t VersionCount() const;

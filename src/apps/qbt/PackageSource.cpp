@@ -10,6 +10,7 @@
 #include "platform/Platform.h"
 #include "platform/ProfileLine.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
 
 namespace qb {
 namespace {
@@ -29,18 +30,6 @@ bool IsWordCharacter(char byte) {
 }
 
 }  // namespace
-
-bool IsAscii(std::string_view text) {
-  constexpr std::uint64_t kHighBits = 0x8080808080808080U;
-  while (text.size() >= sizeof(std::uint64_t)) {
-    std::uint64_t eight = 0;
-    std::memcpy(&eight, text.data(), sizeof(eight));
-    if ((eight & kHighBits) != 0) return false;
-    text.remove_prefix(sizeof(eight));
-  }
-  return std::none_of(text.begin(), text.end(),
-                      [](char byte) { return static_cast<unsigned char>(byte) >= 0x80U; });
-}
 
 bool SameName(std::string_view left, std::string_view right) {
   return left.size() == right.size() &&

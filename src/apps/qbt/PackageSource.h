@@ -1,10 +1,11 @@
 #pragma once
 
+#include <tsl/robin_map.h>
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/ProfileLine.h"
@@ -78,13 +79,10 @@ class PackageSource {
   std::uint32_t lines_ = 0;
   std::vector<PackageEntry> entries_;
   std::vector<Section> sections_;
-  std::unordered_map<std::string_view, std::uint32_t, NameHash, NameEqual> byName_;
+  tsl::robin_map<std::string_view, std::uint32_t, NameHash, NameEqual> byName_;
 };
 
 /// Reads a package file. Raises CommandFailure, naming the file, if it cannot be read.
 PackageSource ReadPackage(const std::string& path);
-
-/// Whether no byte of a text is beyond 7 bits.
-bool IsAscii(std::string_view text);
 
 }  // namespace qb

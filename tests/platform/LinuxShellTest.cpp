@@ -327,6 +327,22 @@ TEST_F(LinuxShellTest, Start_Failures_Table) {
   }
 }
 
+TEST_F(LinuxShellTest, Start_ClosedFolderInTheSearchPath_AMissingProgramIsStillMissing) {
+  const std::string before = std::getenv("PATH");
+  const std::filesystem::path closed = Native(R"(\closed)");
+  std::filesystem::create_directory(closed);
+  std::filesystem::permissions(closed, std::filesystem::perms::none);
+  setenv("PATH", (closed.string() + ":" + before).c_str(), 1);
+  try {
+    shell_.Start("quillbank-no-such-program");
+    ADD_FAILURE() << "nothing was raised";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), failure::kFileNotFound);
+  }
+  setenv("PATH", before.c_str(), 1);
+  std::filesystem::permissions(closed, std::filesystem::perms::owner_all);
+}
+
 TEST_F(LinuxShellTest, BrowserOfTheDesktop_AnswersForItsKey) {
   const auto command = hive_.Query(Hive::kClassesRoot, R"(http\shell\open\command)", "");
   ASSERT_TRUE(command.has_value());

@@ -43,6 +43,15 @@ StartResult StartProgram(const std::vector<std::string>& arguments, const std::s
   return {0, failed->code};
 }
 
+/// Whether a failed start means that there is no such program. The system answers otherwise for a bare name
+/// when a folder of the search path is closed to the user.
+bool IsMissing(const StartResult& failed, const std::string& program) {
+  if (failed.error == G_SPAWN_ERROR_NOENT || failed.error == G_SPAWN_ERROR_NOTDIR) return true;
+  if (program.find('/') != std::string::npos) return false;
+  const std::unique_ptr<char, decltype(&g_free)> found(g_find_program_in_path(program.c_str()), &g_free);
+  return found == nullptr;
+}
+
 /// The pieces of a parameter text; one with a blank stands in double quotes, and a backslash means itself.
 std::vector<std::string> QuotedPieces(std::string_view parameters) {
   std::vector<std::string> pieces;
@@ -194,9 +203,7 @@ std::int32_t LinuxShell::Start(std::string_view commandLine) {
   if (words.empty() || words.front().empty()) RaiseAbout(failure::kInvalidArgument, commandLine);
   const StartResult started = StartProgram(words, {});
   if (started.process == 0) {
-    RaiseAbout(started.error == G_SPAWN_ERROR_NOENT || started.error == G_SPAWN_ERROR_NOTDIR
-                   ? failure::kFileNotFound
-                   : failure::kInvalidArgument,
+    RaiseAbout(IsMissing(started, words.front()) ? failure::kFileNotFound : failure::kInvalidArgument,
                words.front());
   }
   Watch(started.process);

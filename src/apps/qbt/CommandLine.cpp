@@ -79,6 +79,7 @@ class Grammar {
   void AddReaders() {
     CLI::App& list = Sub(app_, "list", "List the documents of the package", Command::kList);
     std::vector<std::string> words;
+    words.reserve(kAllProgress.size());
     for (const Progress progress : kAllProgress) words.emplace_back(Word(progress));
     list.add_option("--state", line_.state, "Only documents that are this far")
         ->check(CLI::IsMember(words))

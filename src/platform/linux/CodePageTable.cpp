@@ -29,8 +29,8 @@ class Conversion {
     if (*this) iconv_close(handle_);
   }
 
-  // NOLINTNEXTLINE(performance-no-int-to-ptr,cppcoreguidelines-pro-type-reinterpret-cast): iconv's own sign
-  // of failure
+  // The cast is iconv's own sign of failure.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
   explicit operator bool() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
   iconv_t Handle() const { return handle_; }
 

@@ -131,6 +131,32 @@ class Components(Changes):
         self.assertEqual((0, ""), (result.code, result.err))
         self.assertEqual([("a.htm", True), ("b.gif", False)], self.files_of())
 
+    def test_replaceByAFileOfTheOldName_IsRefused_AndTheOldFileStays(self):
+        old = (self.folder / "dst/page/page.gif").read_bytes()
+        for taken in ("page.gif", "PAGE.GIF", "page.htm"):
+            result = self.qbt("component", "replace", "PAGE", "page.gif", self.incoming(taken, "new"))
+            self.assertEqual(1, result.code)
+            self.assertIn("stands in the document's folder already", result.err)
+            self.assertEqual(old, (self.folder / "dst/page/page.gif").read_bytes())
+        self.assertEqual(0, self.qbt("show", "PAGE").code)
+
+    def test_replaceAllByFilesOfTheDocumentsOwnFolder_IsRefused_AndTheListStays(self):
+        before = self.qbt("show", "PAGE", "--json").out
+        own = [self.folder / "dst/page" / name for name in ("page.htm", "page.gif")]
+        result = self.qbt("component", "replace-all", "PAGE", *own)
+        self.assertEqual(1, result.code)
+        self.assertIn("own folder", result.err)
+        self.assertEqual(before, self.qbt("show", "PAGE", "--json").out)
+
+    def test_replaceAllThatTakesNoFile_KeepsTheList(self):
+        before = self.qbt("show", "PAGE", "--json").out
+        (self.folder / "dst/page/a.htm").mkdir()
+        result = self.qbt("component", "replace-all", "PAGE", self.incoming("a.htm"), self.incoming("b.gif"))
+        self.assertEqual(1, result.code)
+        self.assertIn("keeps the files", result.err)
+        self.assertEqual(before, self.qbt("show", "PAGE", "--json").out)
+        self.assertEqual(0, self.qbt("-y", "mark", "PAGE", "in-progress").code)
+
     def test_replaceAllRefusesWhatItCouldNotTake_BeforeThePackageIsTouched(self):
         (self.new / "other").mkdir()
         other = self.new / "other" / "b.gif"

@@ -181,6 +181,12 @@ class Editors(Changing):
         self.assertIn("PROGRESS=OPENUNCHANGED_C_UNCHANGED_T", state.read_text())
 
     def test_anInterruptionEndsTheWaiting_AndTheEditorLivesOn(self):
+        self.check_interruption(signal.SIGTERM)
+
+    def test_aTerminalThatIsClosedEndsTheWaitingToo(self):
+        self.check_interruption(signal.SIGHUP)
+
+    def check_interruption(self, number):
         begun = self.root / "begun"
         end = self.root / "end"
         self.use_editor(f'exec > /dev/null 2>&1\necho $$ > "{begun}.new"; mv "{begun}.new" "{begun}"\n'
@@ -190,7 +196,7 @@ class Editors(Changing):
         while not begun.exists():
             self.assertIsNone(process.poll())
             time.sleep(0.02)
-        process.send_signal(signal.SIGTERM)
+        process.send_signal(number)
         out, err = process.communicate(timeout=60)
         self.assertEqual(130, process.returncode)
         self.assertEqual(b"", out)

@@ -3,16 +3,24 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <set>
 #include <stdexcept>
 
 #include "apps/qbt/ExitCode.h"
 #include "apps/qbt/PackageArgument.h"
+#include "foundation/gRvdFile.h"
+#include "model/CLoioEntry.h"
+#include "model/CPxfFile.h"
+#include "platform/Platform.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "ui/Forms.h"
 #include "ui/frmTranslateTitle.h"
 #include "workflow/AssignTranslatedFile.h"
 #include "workflow/ComponentCommands.h"
 #include "workflow/DocumentCommands.h"
+#include "workflow/DocumentFiles.h"
+#include "workflow/Selection.h"
 #include "workflow/TranslateMod.h"
 
 namespace qb {
@@ -79,7 +87,26 @@ int AddComponents(WorkbenchSession& session, const std::vector<std::string>& fil
   return exitcode::kFine;
 }
 
+std::string Resolved(std::string_view path) {
+  return ThePlatform().files->Resolved(path);
+}
+
+/// The window's command takes a file that stands in the document's folder already instead of copying the one
+/// that was chosen, and then deletes the old file, which may be the very same. Nobody at a terminal means
+/// that.
+void RefuseTakenName(const CLoioEntry& loio, const std::string& file) {
+  const std::string target = DstPathOf(loio, FileNameOf(file));
+  if (!ThePlatform().files->Find(target)) return;
+  const bool isOld = Resolved(target) == Resolved(DstPathOf(loio, GetComponentFromSelection(false)));
+  if (!isOld && Resolved(target) == Resolved(file)) return;
+  throw CommandFailure(
+      exitcode::kRefused,
+      fmt::format("a file {} stands in the document's folder already; give the new file another name",
+                  FileNameOf(file)));
+}
+
 int ReplaceComponent(WorkbenchSession& session, const std::vector<std::string>& files) {
+  RefuseTakenName(*gLoios->Item(GetKeyFromSelection()), files.front());
   session.FileDialogs().Choices.assign(files.begin(), files.end());
   QbtReplaceComponent();
   return exitcode::kFine;
@@ -96,10 +123,52 @@ std::string AsOneChoice(const std::vector<std::string>& files) {
   return choice;
 }
 
+/// The command stops at a file that it cannot take, with the list emptied before.
+void RequireUsableFiles(const CLoioEntry& loio, const std::vector<std::string>& files) {
+  const auto refuse = [](const std::string& file, std::string_view why) {
+    throw CommandFailure(exitcode::kRefused, fmt::format("{} {}", ShownPath(file), why));
+  };
+  std::set<std::string> names;
+  for (const std::string& file : files) {
+    if (!names.insert(UpperCase(FileNameOf(file))).second) refuse(file, "is named twice");
+    if (Resolved(file) == Resolved(DstPathOf(loio, FileNameOf(file)))) {
+      refuse(file, "stands in the document's own folder; copy it elsewhere first");
+    }
+    if (!Attempt([&file] { ThePlatform().files->Read(file); })) {
+      Err.Clear();
+      refuse(file, "cannot be read");
+    }
+  }
+}
+
+/// The names of the translation's files, the primary one first.
+std::vector<std::string> ListedFiles(const CLoioEntry& loio) {
+  std::vector<std::string> names;
+  const auto phio = loio.GetPhio(false);
+  for (std::size_t i = 1; phio != nullptr && i <= phio->Components.Count(); ++i) {
+    names.emplace_back(phio->Components.Item(i)->FileName);
+  }
+  return names;
+}
+
+/// Puts the files back on a list that was left empty, since a package with such a document cannot be opened.
+void ListAgain(CLoioEntry& loio, const std::string& key, const std::vector<std::string>& names) {
+  for (const std::string& name : names) loio.AddDstFile(name, key);
+  loio.MarkDstFileAsPrimary(DstPathOf(loio, names.front()));
+  loio.SavePhioFiles(role::kDstCurr);
+  gPxfFile->UpdateFileSize();
+}
+
 int ReplaceAllComponents(WorkbenchSession& session, const std::vector<std::string>& files) {
+  const std::string key = GetKeyFromSelection();
+  const std::shared_ptr<CLoioEntry> loio = gLoios->Item(key);
+  RequireUsableFiles(*loio, files);
+  const std::vector<std::string> before = ListedFiles(*loio);
   session.FileDialogs().Choices = {AsOneChoice(files)};
   QbtReplaceAllComponents();
-  return exitcode::kFine;
+  if (!ListedFiles(*loio).empty() || before.empty()) return exitcode::kFine;
+  ListAgain(*loio, key, before);
+  throw CommandFailure(exitcode::kRefused, "no file was replaced; the document keeps the files that it had");
 }
 
 /// The command empties the list before it looks at what was chosen, so what it could not take must not get

@@ -39,7 +39,7 @@ class InterruptionNoted {
 
  private:
   using Handler = void (*)(int);
-  static constexpr std::array kSignals{SIGINT, SIGTERM};
+  static constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
   static void Note(int) { interrupted = 1; }
 
   std::array<Handler, kSignals.size()> before_{};

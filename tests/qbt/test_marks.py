@@ -190,7 +190,7 @@ class Editors(Changing):
         begun = self.root / "begun"
         end = self.root / "end"
         self.use_editor(f'exec > /dev/null 2>&1\necho $$ > "{begun}.new"; mv "{begun}.new" "{begun}"\n'
-                        f'while [ ! -e "{end}" ]; do sleep 0.05; done\n')
+                        f'while [ ! -e "{end}" ]; do sleep 0.05; done\nrm "{begun}"\n')
         process = subprocess.Popen([QBT, "translate", "SCRIPT", "OTHER"], cwd=self.folder, env=self.environment(),
                                    stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         while not begun.exists():
@@ -203,6 +203,8 @@ class Editors(Changing):
         self.assertIn(b"close editor", err)
         os.kill(int(begun.read_text()), 0)  # raises if it has gone
         end.touch()
+        while begun.exists():
+            time.sleep(0.02)
 
 
 if __name__ == "__main__":

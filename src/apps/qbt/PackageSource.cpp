@@ -15,7 +15,7 @@
 namespace qb {
 namespace {
 
-constexpr std::size_t kTypicalLine = 20;      // bytes
+constexpr std::size_t kTypicalLine = 14;      // bytes
 constexpr std::size_t kTypicalSection = 256;  // bytes
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
@@ -32,7 +32,8 @@ bool IsWordCharacter(char byte) {
 }  // namespace
 
 bool SameName(std::string_view left, std::string_view right) {
-  return left.size() == right.size() &&
+  if (left.size() != right.size()) return false;
+  return left == right ||
          std::equal(left.begin(), left.end(), right.begin(),
                     [](char one, char other) { return one == other || Capital(one) == Capital(other); });
 }

@@ -140,6 +140,34 @@ class Components(Changes):
             self.assertEqual(old, (self.folder / "dst/page/page.gif").read_bytes())
         self.assertEqual(0, self.qbt("show", "PAGE").code)
 
+    def test_replaceByAnotherFileOfTheTranslationItself_IsRefused_AndBothStay(self):
+        before = self.files_of()
+        result = self.qbt("component", "replace", "PAGE", "page.gif", self.folder / "dst/page/page.htm")
+        self.assertEqual((1, ""), (result.code, result.out))
+        self.assertIn("stands in the document's folder already", result.err)
+        self.assertEqual(before, self.files_of())
+        self.assertEqual("content of page.gif", (self.folder / "dst/page/page.gif").read_text())
+
+    def test_replaceByAFileThatStandsInTheFolderUnlisted_TakesItAsItIs(self):
+        result = self.qbt("component", "replace", "PAGE", "page.gif", self.write("dst/page/x.gif", "x"))
+        self.assertEqual((0, ""), (result.code, result.err))
+        self.assertEqual([("page.htm", True), ("x.gif", False)], self.files_of())
+        self.assertEqual("x", (self.folder / "dst/page/x.gif").read_text())
+
+    def test_replaceAllByAFileThatCannotBeRead_OrIsNamedTwice_IsRefused_AndTheListStays(self):
+        unreadable = self.new / "a.htm"
+        unreadable.symlink_to("/proc/self/mem")  # a regular file that not even root reads from its start
+        good = self.incoming("b.gif")
+        before = self.qbt("show", "PAGE", "--json").out
+        for files, why in (([unreadable, good], "cannot be read"), ([good, unreadable], "cannot be read"),
+                           ([good, good], "is named twice"), ([good, self.incoming("B.GIF")], "is named twice")):
+            result = self.qbt("component", "replace-all", "PAGE", *files)
+            self.assertEqual((1, ""), (result.code, result.out))
+            self.assertIn(why, result.err)
+            self.assertEqual(before, self.qbt("show", "PAGE", "--json").out)
+        self.assertFalse((self.folder / "dst/page/b.gif").exists())
+        self.assertEqual(0, self.qbt("-y", "mark", "PAGE", "in-progress").code)
+
     def test_replaceAllByFilesOfTheDocumentsOwnFolder_IsRefused_AndTheListStays(self):
         before = self.qbt("show", "PAGE", "--json").out
         own = [self.folder / "dst/page" / name for name in ("page.htm", "page.gif")]

@@ -98,7 +98,8 @@ void RefuseTakenName(const CLoioEntry& loio, const std::string& file) {
   const std::string target = DstPathOf(loio, FileNameOf(file));
   if (!ThePlatform().files->Find(target)) return;
   const bool isOld = Resolved(target) == Resolved(DstPathOf(loio, GetComponentFromSelection(false)));
-  if (!isOld && Resolved(target) == Resolved(file)) return;
+  const bool isListed = loio.GetDstFile(FileNameOf(file)) != nullptr;  // it cannot be on the list twice
+  if (!isOld && !isListed && Resolved(target) == Resolved(file)) return;
   throw CommandFailure(
       exitcode::kRefused,
       fmt::format("a file {} stands in the document's folder already; give the new file another name",

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -20,6 +21,10 @@ class ByNumber {
         std::lower_bound(entries_.begin(), entries_.end(), number,
                          [](const Entry& entry, std::int32_t wanted) { return entry.first < wanted; });
     if (place != entries_.end() && place->first == number) return place->second;
+    if (entries_.empty()) {
+      entries_.reserve(kUsualCount);
+      return entries_.emplace_back(number, Thing()).second;
+    }
     return entries_.emplace(place, number, Thing())->second;
   }
 
@@ -27,6 +32,8 @@ class ByNumber {
   auto end() const { return entries_.end(); }
 
  private:
+  static constexpr std::size_t kUsualCount = 2;  // versions of a document, files of a version
+
   std::vector<Entry> entries_;
 };
 

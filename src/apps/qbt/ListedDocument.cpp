@@ -48,7 +48,7 @@ constexpr std::array kPropertyWords{Word<ListedProperty>{"NAME", &ListedProperty
 template <class Owner, std::size_t kCount>
 KeyValue Owner::*Member(const std::array<Word<Owner>, kCount>& words, std::string_view word) {
   for (const Word<Owner>& known : words) {
-    if (SameName(known.word, word)) return known.value;
+    if (known.word.size() == word.size() && SameName(known.word, word)) return known.value;
   }
   return nullptr;
 }

@@ -33,9 +33,9 @@ bool IsWordCharacter(char byte) {
 
 bool SameName(std::string_view left, std::string_view right) {
   if (left.size() != right.size()) return false;
-  return left == right ||
-         std::equal(left.begin(), left.end(), right.begin(),
-                    [](char one, char other) { return one == other || Capital(one) == Capital(other); });
+  return left == right || std::equal(left.begin(), left.end(), right.begin(), [](char one, char other) {
+           return one == other || Capital(one) == Capital(other);
+         });
 }
 
 PackageSource::PackageSource(std::string path, std::string bytes)

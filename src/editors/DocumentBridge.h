@@ -5,7 +5,7 @@
 #include <memory>
 #include <string_view>
 
-#include "editors/TaggedValue.h"
+#include "runtime/TaggedValue.h"
 #include "platform/Applications.h"
 #include "runtime/Collection.h"
 #include "runtime/RuntimeError.h"

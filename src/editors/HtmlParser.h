@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "editors/TaggedValue.h"
+#include "runtime/TaggedValue.h"
 
 namespace qb {
 

@@ -12,4 +12,8 @@ std::vector<std::shared_ptr<AutomationObject>> AutomationObject::Elements() {
   throw RuntimeError(failure::kNoSuchMember);
 }
 
+void AutomationObject::Call(std::string_view name, const CallArguments&) {
+  RaiseAbout(failure::kNoSuchMember, name);
+}
+
 }  // namespace qb

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "runtime/TaggedValue.h"
+
 namespace qb {
 
 class Environment {
@@ -27,7 +29,14 @@ class ApplicationWindows {
   /// data.
   virtual std::int64_t SendCopyData(std::uintptr_t window, std::uintptr_t number,
                                     std::optional<std::u16string_view> payload) = 0;
+  /// Brings the window of exactly this title to the front, sends it keystrokes, and returns when it has dealt
+  /// with them or a bounded wait is over. "%{F4}" is Alt+F4. Raises 5 if there is no such window, or if the
+  /// keys are none that are known here.
+  virtual void SendKeys(std::string_view title, std::string_view keys) = 0;
 };
+
+/// The arguments of a call in their order. Nothing stands for one that is left out.
+using CallArguments = std::vector<std::optional<TaggedValue>>;
 
 /// An object of another program, reached by the names of its members.
 class AutomationObject {
@@ -39,6 +48,8 @@ class AutomationObject {
   virtual std::shared_ptr<AutomationObject> ObjectProperty(std::string_view name);
   /// The elements of a collection in its order. Raises 438 if the object is none.
   virtual std::vector<std::shared_ptr<AutomationObject>> Elements();
+  /// Calls a method and drops its result. Raises what the object raises, 438 if it has no such method.
+  virtual void Call(std::string_view name, const CallArguments& arguments = {});
 };
 
 class Automation {
@@ -46,6 +57,8 @@ class Automation {
   virtual ~Automation() = default;
   /// The running object of a class such as "Visio.Application". Nothing where none runs.
   virtual std::shared_ptr<AutomationObject> ActiveObject(std::string_view className) = 0;
+  /// A new object of a class; its program is started if need be. Raises 429 if it cannot be made.
+  virtual std::shared_ptr<AutomationObject> NewObject(std::string_view className) = 0;
 };
 
 /// A debugger that may be watching the program.

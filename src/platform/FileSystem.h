@@ -105,6 +105,10 @@ class FileSystem {
   /// is appended with `.` and `..` taken out.
   virtual std::string Resolved(std::string_view path) = 0;
 
+  /// The path by which an old program of this machine opens an existing file or directory: in the short form
+  /// of names where the platform has one, else the machine's own path. Nothing if there is no such file.
+  virtual std::optional<std::string> ShortPathName(std::string_view path) = 0;
+
   /// The state of the file, links followed; nothing if there is no file.
   virtual std::optional<FileStamp> Stamp(std::string_view path) = 0;
 

@@ -5,6 +5,7 @@
 
 #include "platform/Applications.h"
 #include "platform/Clock.h"
+#include "platform/Dde.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 #include "platform/ProfileFiles.h"
@@ -29,6 +30,7 @@ struct Platform {
   std::unique_ptr<Environment> environment;
   std::unique_ptr<ApplicationWindows> windows;
   std::unique_ptr<Automation> automation;
+  std::unique_ptr<Dde> dde;
   std::unique_ptr<Debugger> debugger;
 };
 

@@ -14,7 +14,7 @@ struct Wording {
   std::string_view text;
 };
 
-constexpr std::array<Wording, 15> kWordings{{
+constexpr std::array<Wording, 24> kWordings{{
     {failure::kInvalidArgument, "Invalid procedure call or argument"},
     {failure::kOverflow, "Overflow"},
     {failure::kOutOfMemory, "Out of memory"},
@@ -28,6 +28,15 @@ constexpr std::array<Wording, 15> kWordings{{
     {failure::kPathFileAccess, "Path/File access error"},
     {failure::kPathNotFound, "Path not found"},
     {failure::kObjectNotSet, "Object variable not set"},
+    {failure::kNoForeignApplication, "No foreign application responded to a DDE initiate"},
+    {failure::kForeignApplicationRefuses, "Foreign application won't perform DDE method or operation"},
+    {failure::kDdeTimeout, "Timeout while waiting for DDE response"},
+    {failure::kDdeWrongFormat, "Data in wrong format"},
+    {failure::kForeignApplicationQuit, "Foreign application quit"},
+    {failure::kDdeConversationClosed, "DDE conversation closed or changed"},
+    {failure::kNoDdeChannel, "DDE method invoked with no channel open"},
+    {failure::kInvalidLinkTopic, "Can't set LinkMode; invalid LinkTopic"},
+    {failure::kCannotCreateObject, "The automation object cannot be created"},
     {failure::kNoSuchMember, "Object doesn't support this property or method"},
     {failure::kKeyAlreadyThere, "This key is already associated with an element of this collection"},
 }};

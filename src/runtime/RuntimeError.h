@@ -22,6 +22,15 @@ inline constexpr long kPermissionDenied = 70;
 inline constexpr long kPathFileAccess = 75;
 inline constexpr long kPathNotFound = 76;
 inline constexpr long kObjectNotSet = 91;
+inline constexpr long kNoForeignApplication = 282;
+inline constexpr long kForeignApplicationRefuses = 285;
+inline constexpr long kDdeTimeout = 286;
+inline constexpr long kDdeWrongFormat = 290;
+inline constexpr long kForeignApplicationQuit = 291;
+inline constexpr long kDdeConversationClosed = 292;
+inline constexpr long kNoDdeChannel = 293;
+inline constexpr long kInvalidLinkTopic = 297;
+inline constexpr long kCannotCreateObject = 429;
 inline constexpr long kNoSuchMember = 438;
 inline constexpr long kKeyAlreadyThere = 457;
 /// Raised by commands and editor sessions themselves.

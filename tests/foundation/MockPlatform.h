@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/Platform.h"
+#include "support/FakeApplications.h"
 
 namespace qb {
 
@@ -29,6 +30,7 @@ class MockFileSystem : public FileSystem {
   MOCK_METHOD(std::string, CurrentDirectory, (), (override));
   MOCK_METHOD(std::string, ProgramDirectory, (), (override));
   MOCK_METHOD(std::string, Resolved, (std::string_view), (override));
+  MOCK_METHOD(std::optional<std::string>, ShortPathName, (std::string_view), (override));
   MOCK_METHOD(std::optional<FileStamp>, Stamp, (std::string_view), (override));
   MOCK_METHOD(FileStamp, ReplaceContent, (std::string_view, const Pieces&), (override));
   MOCK_METHOD(std::unique_ptr<FileLock>, Lock, (std::string_view), (override));
@@ -69,33 +71,6 @@ class FakeEnvironment : public Environment {
   }
 
   std::map<std::string, std::string> variables;
-};
-
-/// A desktop with at most one foreign window, which keeps the records that it is sent.
-class FakeWindows : public ApplicationWindows {
- public:
-  struct Record {
-    std::uintptr_t window = 0;
-    std::uintptr_t number = 0;
-    std::optional<std::u16string> payload;
-  };
-
-  std::uintptr_t Find(std::optional<std::string_view> windowClass,
-                      std::optional<std::string_view> title) override {
-    return !windowClass && title && *title == windowTitle ? kWindow : 0;
-  }
-
-  std::int64_t SendCopyData(std::uintptr_t window, std::uintptr_t number,
-                            std::optional<std::u16string_view> payload) override {
-    records.push_back({window, number, std::nullopt});
-    if (payload) records.back().payload = std::u16string(*payload);
-    return reply;
-  }
-
-  static constexpr std::uintptr_t kWindow = 4711;
-  std::string windowTitle;
-  std::int64_t reply = 0;
-  std::vector<Record> records;
 };
 
 /// Puts a new object in the place of one part of the installed platform and returns it.

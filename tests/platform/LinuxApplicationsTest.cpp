@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxApplications.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "runtime/RuntimeError.h"
 
 namespace qb {
 namespace {
@@ -105,9 +106,16 @@ TEST(LinuxPlatform, Make_BringsAllButTheToolkitsParts) {
   EXPECT_EQ(platform->fileDialogs, nullptr);
   EXPECT_EQ(platform->clipboard, nullptr);
   EXPECT_EQ(platform->mousePointer, nullptr);
+  EXPECT_NE(platform->dde, nullptr);
   EXPECT_EQ(platform->windows->Find("class", "title"), 0U);
   EXPECT_EQ(platform->windows->SendCopyData(0, 4711, std::nullopt), 0);
+}
+
+TEST(NoAutomation, AnyClass_IsNeitherRunningNorMade) {
+  const std::unique_ptr<Platform> platform = MakeLinuxPlatform({"/tmp", "/tmp"});
   EXPECT_EQ(platform->automation->ActiveObject("Visio.Application"), nullptr);
+  EXPECT_FALSE(Attempt([&] { platform->automation->NewObject("Visio.Application"); }));
+  EXPECT_EQ(Err.Number, failure::kCannotCreateObject);
 }
 
 TEST(LinuxPlatform, Parts_OutliveTheReplacementOfOthers) {

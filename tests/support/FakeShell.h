@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/Applications.h"
 #include "platform/Shell.h"
 #include "runtime/RuntimeError.h"
 
@@ -52,24 +51,6 @@ class FakeShell : public Shell {
  private:
   ProcessHandle lastProcess_ = 0;
   std::map<ProcessHandle, std::uint32_t> exitCodes_;
-};
-
-/// An object registry in which a Visio may run.
-class FakeAutomation : public Automation {
- public:
-  std::shared_ptr<AutomationObject> ActiveObject(std::string_view className) override {
-    struct Visio : AutomationObject {
-      explicit Visio(std::string text) : version(std::move(text)) {}
-      std::string TextProperty(std::string_view name) override {
-        return name == "Version" ? version : std::string();
-      }
-      std::string version;
-    };
-    if (className != "Visio.Application" || visioVersion.empty()) return nullptr;
-    return std::make_shared<Visio>(visioVersion);
-  }
-
-  std::string visioVersion;  ///< empty: none runs
 };
 
 }  // namespace qb

@@ -105,6 +105,11 @@ std::string FaultyFileSystem::Resolved(std::string_view path) {
   return real_->Resolved(path);
 }
 
+std::optional<std::string> FaultyFileSystem::ShortPathName(std::string_view path) {
+  Meet(FileOperation::kShortPathName, path);
+  return real_->ShortPathName(path);
+}
+
 std::optional<FileStamp> FaultyFileSystem::Stamp(std::string_view path) {
   Meet(FileOperation::kStamp, path);
   return real_->Stamp(path);

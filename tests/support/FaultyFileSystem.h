@@ -24,6 +24,7 @@ enum class FileOperation {
   kMakeDirectory,
   kSetAttributes,
   kResolved,
+  kShortPathName,
   kStamp,
   kReplaceContent,
   kLock,
@@ -62,6 +63,7 @@ class FaultyFileSystem : public FileSystem {
   std::string CurrentDirectory() override { return real_->CurrentDirectory(); }
   std::string ProgramDirectory() override { return real_->ProgramDirectory(); }
   std::string Resolved(std::string_view path) override;
+  std::optional<std::string> ShortPathName(std::string_view path) override;
   std::optional<FileStamp> Stamp(std::string_view path) override;
   FileStamp ReplaceContent(std::string_view path, const Pieces& content) override;
   std::unique_ptr<FileLock> Lock(std::string_view path) override;

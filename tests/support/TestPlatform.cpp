@@ -22,15 +22,6 @@ std::filesystem::path FreshFolder() {
   return name;
 }
 
-/// Hands a new object of `Implementation` to `owner` and returns it.
-template <class Implementation, class Interface>
-Implementation* Install(std::unique_ptr<Interface>& owner) {
-  auto object = std::make_unique<Implementation>();
-  Implementation* const installed = object.get();
-  owner = std::move(object);
-  return installed;
-}
-
 }  // namespace
 
 PlatformTest::PlatformTest() : folder_(FreshFolder()) {

@@ -13,6 +13,15 @@
 
 namespace qb {
 
+/// Hands a new object of `Implementation` to `owner` and returns it.
+template <class Implementation, class Interface>
+Implementation* Install(std::unique_ptr<Interface>& owner) {
+  auto object = std::make_unique<Implementation>();
+  Implementation* const installed = object.get();
+  owner = std::move(object);
+  return installed;
+}
+
 /// Every test starts with a real platform whose drive is a fresh folder, with scripted boxes and dialogs, and
 /// with the state of a fresh process. The folder goes with the test. A question that the test had not
 /// scripted fails it.

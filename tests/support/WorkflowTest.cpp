@@ -10,12 +10,10 @@ WorkflowTest::WorkflowTest() {
   auto toolkit = std::make_unique<ScriptedToolkit>();
   toolkit_ = toolkit.get();
   toolkitBefore_ = InstallToolkit(std::move(toolkit));
-  auto shell = std::make_unique<FakeShell>();
-  shell_ = shell.get();
-  ThePlatform().shell = std::move(shell);
-  auto automation = std::make_unique<FakeAutomation>();
-  automation_ = automation.get();
-  ThePlatform().automation = std::move(automation);
+  shell_ = Install<FakeShell>(ThePlatform().shell);
+  automation_ = Install<FakeAutomation>(ThePlatform().automation);
+  windows_ = Install<FakeWindows>(ThePlatform().windows);
+  dde_ = Install<FakeDde>(ThePlatform().dde);
   clock_ = &UseFakeClock();
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/FakeApplications.h"
 #include "support/FakeShell.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestPlatform.h"
@@ -37,6 +38,8 @@ class WorkflowTest : public PlatformTest {
   ScriptedToolkit& Kit() { return *toolkit_; }
   FakeShell& TheShell() { return *shell_; }
   FakeAutomation& TheAutomation() { return *automation_; }
+  FakeWindows& TheWindows() { return *windows_; }
+  FakeDde& TheDde() { return *dde_; }
   FakeClock& TheClock() { return *clock_; }
 
   void SelectNode(std::string_view key) { Window().TransPackTree.Select(&Window().TransPackTree.Nodes(key)); }
@@ -56,6 +59,8 @@ class WorkflowTest : public PlatformTest {
   ScriptedToolkit* toolkit_ = nullptr;
   FakeShell* shell_ = nullptr;
   FakeAutomation* automation_ = nullptr;
+  FakeWindows* windows_ = nullptr;
+  FakeDde* dde_ = nullptr;
   FakeClock* clock_ = nullptr;
   std::unique_ptr<Toolkit> toolkitBefore_;
 };

@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "runtime/RuntimeError.h"
+
 namespace qb {
 namespace {
 
@@ -27,6 +29,10 @@ std::string LinuxEnvironment::Variable(std::string_view name) {
   if (name != "COMPUTERNAME") return {};
   if (hostName_.empty()) hostName_ = g_get_host_name();
   return hostName_;
+}
+
+std::shared_ptr<AutomationObject> NoAutomation::NewObject(std::string_view className) {
+  RaiseAbout(failure::kCannotCreateObject, className);
 }
 
 void LinuxDebugger::Stop() {

@@ -15,19 +15,12 @@ class LinuxEnvironment : public Environment {
   std::string hostName_;
 };
 
-/// Windows of other programs cannot be found.
-class NoApplicationWindows : public ApplicationWindows {
- public:
-  std::uintptr_t Find(std::optional<std::string_view>, std::optional<std::string_view>) override { return 0; }
-  std::int64_t SendCopyData(std::uintptr_t, std::uintptr_t, std::optional<std::u16string_view>) override {
-    return 0;
-  }
-};
-
 /// No program can be reached by automation.
 class NoAutomation : public Automation {
  public:
   std::shared_ptr<AutomationObject> ActiveObject(std::string_view) override { return nullptr; }
+  /// Raises 429.
+  std::shared_ptr<AutomationObject> NewObject(std::string_view className) override;
 };
 
 class LinuxDebugger : public Debugger {

@@ -30,6 +30,8 @@ class LinuxFileSystem : public FileSystem {
   std::string CurrentDirectory() override { return paths_.CurrentDirectory(); }
   std::string ProgramDirectory() override;
   std::string Resolved(std::string_view path) override;
+  /// The native path: what other programs of this machine open.
+  std::optional<std::string> ShortPathName(std::string_view path) override { return NativeExisting(path); }
   std::optional<FileStamp> Stamp(std::string_view path) override;
   FileStamp ReplaceContent(std::string_view path, const Pieces& content) override;
   std::unique_ptr<FileLock> Lock(std::string_view path) override;

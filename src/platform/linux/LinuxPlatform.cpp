@@ -3,8 +3,10 @@
 #include "platform/CachedProfileFiles.h"
 #include "platform/PackageCodePage.h"
 #include "platform/linux/HiveRegistry.h"
+#include "platform/linux/LinuxApplicationWindows.h"
 #include "platform/linux/LinuxApplications.h"
 #include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxDde.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/LinuxShell.h"
 #include "platform/linux/LinuxTextCodec.h"
@@ -40,8 +42,9 @@ std::unique_ptr<Platform> MakeLinuxPlatform(const LinuxPlatformOptions& options)
   platform->shell = std::make_unique<LinuxShell>(options.root, options.configurationFolder);
   platform->clock = std::make_unique<LinuxClock>();
   platform->environment = std::make_unique<LinuxEnvironment>();
-  platform->windows = std::make_unique<NoApplicationWindows>();
+  platform->windows = std::make_unique<LinuxApplicationWindows>();
   platform->automation = std::make_unique<NoAutomation>();
+  platform->dde = std::make_unique<LinuxDde>();
   platform->debugger = std::make_unique<LinuxDebugger>();
   return platform;
 }

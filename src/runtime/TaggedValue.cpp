@@ -1,4 +1,4 @@
-#include "editors/TaggedValue.h"
+#include "runtime/TaggedValue.h"
 
 #include <fmt/format.h>
 

@@ -12,6 +12,8 @@ function(add_room name)
   target_link_libraries(${name} PUBLIC ${ROOM_LINKS})
 endfunction()
 
+option(QB_ROOM_TESTS "Build and run the rooms' own test programs, beside those of the programs and windows" ON)
+
 # The tests of one room: every source of the folder in one program, each test known to CTest.
 function(add_room_tests name)
   cmake_parse_arguments(ROOM "" "" "LINKS" ${ARGN})
@@ -20,7 +22,23 @@ function(add_room_tests name)
     return()
   endif()
   add_executable(${name} ${sources})
+  if(NOT QB_ROOM_TESTS)
+    set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL TRUE)
+  endif()
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${ROOM_LINKS} GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+  if(test_support IN_LIST ROOM_LINKS)
+    quick_to_compile(${name})
+  endif()
+  if(QB_ROOM_TESTS)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+  endif()
+endfunction()
+
+# Sources of tests are mostly templates of the test library: not optimising them halves the time of a build. What the
+# measurements link stays optimised.
+function(quick_to_compile name)
+  if(QB_ROOM_TESTS)
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
 endfunction()

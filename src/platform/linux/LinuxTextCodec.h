@@ -1,17 +1,17 @@
 #pragma once
 
-#include "platform/TextCodec.h"
+#include "platform/CodePageCodec.h"
 
 namespace qb {
 
-class LinuxTextCodec : public TextCodec {
+class LinuxTextCodec : public CodePageCodec {
  public:
-  std::string Decode(std::string_view bytes, CodePage codePage) override;
-  std::string Encode(std::string_view text, CodePage codePage) override;
-  bool CanEncode(std::string_view text, CodePage codePage) override;
   /// UTF-8, unless the locale says otherwise.
   CodePage SystemCodePage() override;
-  CodePage CodePageOfLanguage(std::string_view language) override;
+
+ protected:
+  std::unique_ptr<CodePageSource> Source(CodePage codePage) override;
+  CodePage CodePageOfLocale() override;
 };
 
 }  // namespace qb

@@ -25,5 +25,5 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme, shared-mime-info")
 # What shows the help, and what edits office documents.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xchm | kchmviewer, libreoffice-writer, libreoffice-impress")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xchm | kchmviewer, libreoffice-writer, libreoffice-impress, libreoffice-draw")
 include(CPack)

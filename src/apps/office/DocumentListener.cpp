@@ -1,0 +1,45 @@
+#include "apps/office/DocumentListener.h"
+
+#include <com/sun/star/document/XDocumentEventBroadcaster.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+#include <utility>
+
+#include "apps/office/Uno.h"
+#include "apps/office/UnoText.h"
+
+namespace qb::office {
+
+namespace document = com::sun::star::document;
+namespace lang = com::sun::star::lang;
+
+DocumentListener::DocumentListener(int document, std::string path, Happenings& happenings)
+    : document_(document), path_(std::move(path)), happenings_(happenings) {
+}
+
+void DocumentListener::Listen(const Reference<com::sun::star::frame::XModel>& model) {
+  Reference<document::XDocumentEventBroadcaster>(model, UNO_QUERY_THROW)->addDocumentEventListener(this);
+  Reference<com::sun::star::util::XCloseable>(model, UNO_QUERY_THROW)->addCloseListener(this);
+}
+
+void DocumentListener::documentEventOccured(const document::DocumentEvent& event) {
+  if (event.EventName == "OnSaveAsDone") {
+    const Reference<com::sun::star::frame::XModel> model(event.Source, UNO_QUERY);
+    isOwnFile_ = model.is() && IsSameFile(FilePath(model->getURL()), path_);
+  }
+  if ((event.EventName == "OnSaveDone" || event.EventName == "OnSaveAsDone") && isOwnFile_) {
+    happenings_.Push({Happening::Kind::kSaved, document_});
+  }
+}
+
+void DocumentListener::queryClosing(const lang::EventObject& /*source*/, sal_Bool /*owns*/) {
+}
+
+void DocumentListener::notifyClosing(const lang::EventObject& /*source*/) {
+}
+
+void DocumentListener::disposing(const lang::EventObject& /*source*/) {
+  // Both kinds of listening end with this.
+  if (!isClosed_.exchange(true)) happenings_.Push({Happening::Kind::kClosed, document_});
+}
+
+}  // namespace qb::office

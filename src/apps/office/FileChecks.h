@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace qb::office {
+
+/// What can be seen of a file before the office is asked. Raises `Failure`: "missing", "folder", "damaged"
+/// (an empty file), "office" (not to be read, or not to be written if `forWriting`).
+void CheckFile(const std::string& path, bool forWriting);
+
+/// Removes the lock of an office that a dead helper had started in another profile of ours: nobody else
+/// would, and it would keep the document closed for ever. Other locks stay.
+void RemoveDesertedLock(const std::string& path);
+
+/// Whether an office has locked the file.
+bool HasLock(const std::string& path);
+
+}  // namespace qb::office

@@ -1,0 +1,98 @@
+#include "apps/office/OpenDocument.h"
+
+#include <com/sun/star/container/XEnumerationAccess.hpp>
+#include <com/sun/star/document/MacroExecMode.hpp>
+#include <com/sun/star/document/UpdateDocMode.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+
+#include "apps/office/Failure.h"
+#include "apps/office/FileChecks.h"
+#include "apps/office/FileType.h"
+#include "apps/office/LoadQuestions.h"
+#include "apps/office/UnoText.h"
+
+namespace qb::office {
+
+namespace frame = com::sun::star::frame;
+namespace document = com::sun::star::document;
+
+namespace {
+
+/// Two windows with one file would store over each other, and the first one closed takes the lock away from
+/// both.
+void CheckNotOpenHere(const Reference<frame::XDesktop2>& desktop, const std::string& path) {
+  const auto components = desktop->getComponents()->createEnumeration();
+  while (components->hasMoreElements()) {
+    const Reference<frame::XModel> model(components->nextElement(), UNO_QUERY);
+    if (model.is() && IsSameFile(FilePath(model->getURL()), path)) {
+      throw Failure("already-open", path + " is open in the office already");
+    }
+  }
+}
+
+/// Nothing of the document runs, nothing is fetched for it, and a read-only one stays so: the office would
+/// otherwise offer a button that makes it editable.
+Arguments LoadArguments(const FileType& type, bool readOnly, const rtl::Reference<LoadQuestions>& questions) {
+  return ToArguments(
+      {Named("TypeName", Any(type.type)), Named("FilterName", Any(type.filter)),
+       Named("ReadOnly", Any(readOnly)), Named("LockEditDoc", Any(readOnly)),
+       Named("LockSave", Any(readOnly)),
+       Named("MacroExecutionMode", Any(document::MacroExecMode::NEVER_EXECUTE)),
+       Named("UpdateDocMode", Any(document::UpdateDocMode::NO_UPDATE)),
+       Named("InteractionHandler",
+             Any(Reference<com::sun::star::task::XInteractionHandler>(
+                 static_cast<com::sun::star::task::XInteractionHandler2*>(questions.get()))))});
+}
+
+std::string Kind(const Reference<frame::XModel>& model) {
+  if (Supports(model, "com.sun.star.text.WebDocument")) return "web";
+  if (Supports(model, "com.sun.star.text.GenericTextDocument")) return "text";
+  if (Supports(model, "com.sun.star.presentation.PresentationDocument")) return "presentation";
+  if (Supports(model, "com.sun.star.drawing.DrawingDocument")) return "drawing";
+  return "";
+}
+
+}  // namespace
+
+OpenDocument Open(const OfficeConnection& office, int number, const std::string& path, bool readOnly,
+                  Happenings& happenings) {
+  CheckNotOpenHere(office.Desktop(), path);
+  const FileType type = DetectFileType(office.Context(), path);
+  if (!readOnly && !type.isWritable) {
+    throw Failure("unsupported", path + " can be read by the office, but not be written");
+  }
+  if (!readOnly) RemoveDesertedLock(path);
+
+  OpenDocument opened;
+  opened.number = number;
+  opened.path = path;
+  opened.isReadOnly = readOnly;
+  const rtl::Reference<LoadQuestions> questions(new LoadQuestions());
+  opened.model.set(office.Desktop()->loadComponentFromURL(FileUrl(path), "_blank", 0,
+                                                          LoadArguments(type, readOnly, questions)),
+                   UNO_QUERY);
+  if (!opened.model.is()) {
+    if (const auto failure = questions->WhyNot(path)) throw *failure;
+    if (!readOnly && HasLock(path)) throw Failure("locked", path + " is open in another office");
+    throw Failure("damaged", path + " cannot be read by the office");
+  }
+  opened.loaded = std::chrono::steady_clock::now();
+  opened.kind = Kind(opened.model);
+  const bool isReadOnly = Reference<frame::XStorable>(opened.model, UNO_QUERY_THROW)->isReadonly();
+  if (opened.kind.empty() || isReadOnly != readOnly) {
+    CloseAsItIs(opened);
+    if (opened.kind.empty())
+      throw Failure("unsupported", path + " is a kind of document that is not edited here");
+    throw Failure("locked", path + " can only be read at present");
+  }
+  opened.listener.set(new DocumentListener(number, path, happenings));
+  opened.listener->Listen(opened.model);
+  return opened;
+}
+
+void CloseAsItIs(const OpenDocument& document) {
+  Reference<com::sun::star::util::XCloseable>(document.model, UNO_QUERY_THROW)->close(false);
+}
+
+}  // namespace qb::office

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <chrono>
+#include <com/sun/star/frame/XModel.hpp>
+#include <rtl/ref.hxx>
+#include <string>
+
+#include "apps/office/DocumentListener.h"
+#include "apps/office/OfficeConnection.h"
+#include "apps/office/Uno.h"
+
+namespace qb::office {
+
+/// A document that is open in the office.
+struct OpenDocument {
+  int number = 0;
+  std::string path;
+  bool isReadOnly = false;
+  /// "text", "presentation", "drawing" or "web".
+  std::string kind;
+  Reference<com::sun::star::frame::XModel> model;
+  rtl::Reference<DocumentListener> listener;
+  std::chrono::steady_clock::time_point loaded;
+};
+
+/// Opens the file in a window of its own. The document answers to `number` in `happenings`. Raises `Failure`
+/// with the codes that the protocol gives for `open`. Only inside a call on the office's main thread.
+OpenDocument Open(const OfficeConnection& office, int number, const std::string& path, bool readOnly,
+                  Happenings& happenings);
+
+/// Closes the document as it is. Raises css::util::CloseVetoException while a dialog is open in it.
+void CloseAsItIs(const OpenDocument& document);
+
+}  // namespace qb::office

@@ -1,0 +1,260 @@
+#include "apps/office/Service.h"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <com/sun/star/container/XEnumerationAccess.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/util/CloseVetoException.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <utility>
+
+#include "apps/office/CustomTitle.h"
+#include "apps/office/DocumentLinks.h"
+#include "apps/office/Failure.h"
+#include "apps/office/FileChecks.h"
+#include "apps/office/Lines.h"
+#include "apps/office/LinkAddress.h"
+#include "apps/office/LinkReader.h"
+#include "apps/office/WindowPlaces.h"
+
+namespace qb::office {
+
+using nlohmann::json;
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+namespace {
+
+/// A document that is closed sooner after its loading can take the office with it.
+constexpr milliseconds kLoadedToClosed{1000};
+constexpr milliseconds kBetweenAttemptsToClose{200};
+/// A window manager takes about that long for a window's place, and at times forgets it at first.
+constexpr milliseconds kPlaced{150};
+constexpr int kAttemptsToPlace = 8;
+
+using Models = std::vector<Reference<com::sun::star::frame::XModel>>;
+using Places = std::vector<com::sun::star::awt::Rectangle>;
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void RemoveFile(const std::string& path) {
+  std::error_code ignored;
+  std::filesystem::remove(path, ignored);
+}
+
+/// Stores what is modified and can be, and closes. False while a dialog is open in the document.
+bool StoreAndClose(const OpenDocument& document) {
+  const Reference<com::sun::star::util::XModifiable> modifiable(document.model, UNO_QUERY_THROW);
+  if (modifiable->isModified()) {
+    const Reference<com::sun::star::frame::XStorable> storable(document.model, UNO_QUERY_THROW);
+    if (document.isReadOnly) {
+      modifiable->setModified(false);
+    } else {
+      storable->store();
+    }
+  }
+  try {
+    CloseAsItIs(document);
+    return true;
+  } catch (const com::sun::star::util::CloseVetoException&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+Service::Service(OfficeConnection& office, Happenings& happenings, std::string folder, milliseconds patience)
+    : office_(office), happenings_(happenings), folder_(std::move(folder)), patience_(patience) {
+}
+
+json Service::Work(const std::string& call, const json& arguments) {
+  if (call == "open") return OpenFile(arguments);
+  if (call == "title") return Title(arguments);
+  if (call == "setTitle") return SetTitle(arguments);
+  if (call == "links") return ReadLinksOf(arguments);
+  if (call == "arrange") return Arrange(arguments);
+  if (call == "close") return Close(arguments);
+  if (call == "quit") return Quit();
+  throw Failure("request", "There is no request \"" + call + '"');
+}
+
+void Service::TellHappenings() {
+  for (const Happening& happening : happenings_.Take()) {
+    if (!documents_.contains(happening.document)) continue;
+    const bool isClosed = happening.kind == Happening::Kind::kClosed;
+    WriteLine({{"event", isClosed ? "closed" : "saved"}, {"document", happening.document}});
+    if (isClosed) documents_.erase(happening.document);
+  }
+}
+
+void Service::TellEnd() {
+  TellHappenings();
+  for (const auto& [number, document] : documents_) WriteLine({{"event", "closed"}, {"document", number}});
+  documents_.clear();
+}
+
+bool Service::HasDocuments() {
+  const auto found = std::make_shared<bool>(false);
+  Run([&office = office_, found] {
+    const auto components = office.Desktop()->getComponents()->createEnumeration();
+    while (components->hasMoreElements() && !*found) {
+      *found = Reference<com::sun::star::frame::XModel>(components->nextElement(), UNO_QUERY).is();
+    }
+  });
+  return *found;
+}
+
+void Service::EndOffice() {
+  Run([&office = office_] { office.Desktop()->terminate(); });
+}
+
+json Service::OpenFile(const json& arguments) {
+  const std::string path = arguments.at("path");
+  const bool readOnly = arguments.at("readOnly");
+  CheckFile(path, !readOnly);
+  const int number = ++lastNumber_;
+  const auto opened = std::make_shared<OpenDocument>();
+  Run([&office = office_, &happenings = happenings_, number, path, readOnly,
+       opened] { *opened = Open(office, number, path, readOnly, happenings); },
+      [opened] { CloseAsItIs(*opened); });
+  documents_.emplace(number, *opened);
+  return {{"document", number}, {"kind", opened->kind}};
+}
+
+json Service::Title(const json& arguments) {
+  const auto title = std::make_shared<std::optional<std::string>>();
+  Run([model = Document(arguments.at("document")).model, title] { *title = CustomTitle(model); });
+  return {{"title", *title ? json(**title) : json()}};
+}
+
+json Service::SetTitle(const json& arguments) {
+  const OpenDocument& document = Document(arguments.at("document"));
+  if (document.isReadOnly) throw Failure("office", document.path + " can only be read");
+  Run([model = document.model, title = arguments.at("title").get<std::string>()] {
+    SetCustomTitle(model, title);
+  });
+  return json::object();
+}
+
+json Service::ReadLinksOf(const json& arguments) {
+  const OpenDocument document = Document(arguments.at("document"));
+  const std::string copy = folder_ + "/links-" + std::to_string(document.number) + ".xml";
+  try {
+    Run([model = document.model, kind = document.kind, copy] { StoreForLinks(model, kind, copy); },
+        [copy] { RemoveFile(copy); });
+  } catch (const Failure&) {
+    RemoveFile(copy);
+    throw;
+  }
+  const std::string xml = ReadFile(copy);
+  RemoveFile(copy);
+  Links found = ReadLinks(xml);
+  const auto putRight = [&document, &copy](std::vector<std::string>& addresses) {
+    for (std::string& address : addresses) address = AddressIn(document.path, copy, address);
+  };
+  putRight(found.links);
+  std::for_each(found.slides.begin(), found.slides.end(), putRight);
+  if (document.kind == "presentation") return {{"slides", std::move(found.slides)}};
+  for (auto& page : found.slides) std::move(page.begin(), page.end(), std::back_inserter(found.links));
+  return {{"links", std::move(found.links)}};
+}
+
+json Service::Arrange(const json& arguments) {
+  const auto models = std::make_shared<Models>();
+  for (const json& number : arguments.at("documents")) models->push_back(Document(number).model);
+  const int style = arguments.at("style");
+  if (style != 2 && style != 3) throw Failure("request", "There is no style " + std::to_string(style));
+  const json& screen = arguments.at("screen");
+  const auto places = std::make_shared<Places>(
+      Parts({screen.at("x"), screen.at("y"), screen.at("width"), screen.at("height")},
+            static_cast<int>(models->size()), static_cast<Arrangement>(style)));
+  const auto areThere = std::make_shared<bool>(false);
+  for (int attempt = 0; attempt < kAttemptsToPlace && !*areThere; ++attempt) {
+    Run([models, places] {
+      for (std::size_t part = 0; part < models->size(); ++part) PlaceWindow((*models)[part], (*places)[part]);
+    });
+    Pause(kPlaced);
+    Run([models, places, areThere] {
+      *areThere = std::equal(models->begin(), models->end(), places->begin(), HasPlace);
+    });
+  }
+  return json::object();
+}
+
+json Service::Close(const json& arguments) {
+  const std::vector<int> numbers = arguments.at("documents");
+  for (const int number : numbers) {
+    if (number < 1 || number > lastNumber_) throw Failure("no-document", "There never was that document");
+  }
+  for (const int number : numbers) CloseOne(number);
+  return json::object();
+}
+
+json Service::Quit() {
+  std::vector<int> numbers;
+  for (const auto& [number, document] : documents_) numbers.push_back(number);
+  for (const int number : numbers) CloseOne(number);
+  // What an earlier helper left behind belongs to the user.
+  if (!HasDocuments()) EndOffice();
+  return json::object();
+}
+
+const OpenDocument& Service::Document(const json& number) {
+  TellHappenings();
+  const auto found = documents_.find(number.get<int>());
+  if (found == documents_.end()) throw Failure("no-document", "The document is not open any more");
+  return found->second;
+}
+
+void Service::CloseOne(int number) {
+  const auto end = steady_clock::now() + patience_;
+  for (TellHappenings(); documents_.contains(number); TellHappenings()) {
+    const OpenDocument document = documents_.at(number);
+    const auto age = std::chrono::duration_cast<milliseconds>(steady_clock::now() - document.loaded);
+    if (age < kLoadedToClosed) {
+      Pause(kLoadedToClosed - age);
+    } else if (TryToClose(document)) {
+      TellHappenings();
+      return;
+    } else if (steady_clock::now() > end) {
+      throw Failure("office", "A dialog is open in " + document.path);
+    } else {
+      Pause(kBetweenAttemptsToClose);
+    }
+  }
+}
+
+bool Service::TryToClose(const OpenDocument& document) {
+  const auto isClosed = std::make_shared<bool>(false);
+  try {
+    Run([document, isClosed] { *isClosed = StoreAndClose(document); });
+  } catch (const Failure& failure) {
+    // The user was quicker.
+    if (failure.Code() != "no-document") throw;
+    *isClosed = true;
+  }
+  return *isClosed;
+}
+
+void Service::Run(std::function<void()> work, std::function<void()> undo) {
+  office_.Run(std::move(work), patience_, std::move(undo));
+}
+
+void Service::Pause(milliseconds time) {
+  const auto end = steady_clock::now() + time;
+  for (milliseconds left = time; left.count() > 0;
+       left = std::chrono::duration_cast<milliseconds>(end - steady_clock::now())) {
+    pollfd waited{happenings_.Descriptor(), POLLIN, 0};
+    if (poll(&waited, 1, static_cast<int>(left.count())) > 0) TellHappenings();
+  }
+}
+
+}  // namespace qb::office

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "apps/office/Happenings.h"
+#include "apps/office/OfficeConnection.h"
+#include "apps/office/OpenDocument.h"
+
+namespace qb::office {
+
+/// Does what the program asks for, with the documents that it has opened.
+class Service {
+ public:
+  /// `folder` is for copies that only live as long as a request; `patience` is how long a request waits for
+  /// an office that does not answer.
+  Service(OfficeConnection& office, Happenings& happenings, std::string folder,
+          std::chrono::milliseconds patience);
+
+  /// The result of a request. Raises `Failure`, or nlohmann::json::exception if an argument is missing or of
+  /// a wrong type. Events come out as they happen.
+  nlohmann::json Work(const std::string& call, const nlohmann::json& arguments);
+
+  /// Writes the events that wait.
+  void TellHappenings();
+  /// Writes that all documents are closed, since their office is no more.
+  void TellEnd();
+
+  /// Whether any document is open in the office, asked for by us or not.
+  bool HasDocuments();
+  /// Ends the office, in which nothing is open any more.
+  void EndOffice();
+
+ private:
+  nlohmann::json OpenFile(const nlohmann::json& arguments);
+  nlohmann::json Title(const nlohmann::json& arguments);
+  nlohmann::json SetTitle(const nlohmann::json& arguments);
+  nlohmann::json ReadLinksOf(const nlohmann::json& arguments);
+  nlohmann::json Arrange(const nlohmann::json& arguments);
+  nlohmann::json Close(const nlohmann::json& arguments);
+  nlohmann::json Quit();
+
+  const OpenDocument& Document(const nlohmann::json& number);
+  void CloseOne(int number);
+  bool TryToClose(const OpenDocument& document);
+  void Run(std::function<void()> work, std::function<void()> undo = {});
+  /// Waits, while events go on coming out.
+  void Pause(std::chrono::milliseconds time);
+
+  OfficeConnection& office_;
+  Happenings& happenings_;
+  const std::string folder_;
+  const std::chrono::milliseconds patience_;
+  std::map<int, OpenDocument> documents_;
+  int lastNumber_ = 0;
+};
+
+}  // namespace qb::office

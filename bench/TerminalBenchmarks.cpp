@@ -14,8 +14,8 @@
 #include "apps/qbt/PackageStatus.h"
 #include "bench/LimitPass.h"
 #include "bench/PackageGenerator.h"
+#include "platform/HostPlatform.h"
 #include "platform/Platform.h"
-#include "platform/linux/LinuxPlatform.h"
 
 // What the terminal program does to tell the status of a package and to check it, beside the least reading of
 // the same file.
@@ -73,7 +73,7 @@ const DeliveredPackage& ThePackage() {
 /// The platform as the program has it.
 class RealPlatform {
  public:
-  RealPlatform() : before_(InstallPlatform(MakeLinuxPlatform({{}, ThePackage().Settings().string()}))) {}
+  RealPlatform() : before_(InstallPlatform(MakeHostPlatform({{}, ThePackage().Settings().string()}))) {}
   RealPlatform(const RealPlatform&) = delete;
   RealPlatform& operator=(const RealPlatform&) = delete;
   ~RealPlatform() { InstallPlatform(std::move(before_)); }

@@ -1,12 +1,18 @@
+# Sets `output` to every source of the calling folder and of the folders named below it.
+function(room_sources output)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  foreach(folder IN LISTS ARGN)
+    file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp)
+    list(APPEND sources ${more})
+  endforeach()
+  set(${output} ${sources} PARENT_SCOPE)
+endfunction()
+
 # A room is one static library. It links the rooms it is given and nothing else, so that the linker enforces
 # their order: runtime, platform, foundation, ui, model, editors, workflow, wx, apps.
 function(add_room name)
   cmake_parse_arguments(ROOM "" "" "LINKS;EXTRA" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
-  foreach(folder IN LISTS ROOM_EXTRA)
-    file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp)
-    list(APPEND sources ${more})
-  endforeach()
+  room_sources(sources ${ROOM_EXTRA})
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ROOM_LINKS})
@@ -16,8 +22,8 @@ option(QB_ROOM_TESTS "Build and run the rooms' own test programs, beside those o
 
 # The tests of one room: every source of the folder in one program, each test known to CTest.
 function(add_room_tests name)
-  cmake_parse_arguments(ROOM "" "" "LINKS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  cmake_parse_arguments(ROOM "" "" "LINKS;EXTRA" ${ARGN})
+  room_sources(sources ${ROOM_EXTRA})
   if(NOT sources)
     return()
   endif()
@@ -30,7 +36,11 @@ function(add_room_tests name)
   if(test_support IN_LIST ROOM_LINKS)
     quick_to_compile(${name})
   endif()
-  if(QB_ROOM_TESTS)
+  if(CMAKE_CROSSCOMPILING)
+    # Wine takes longer to start than most tests: one start for all of them.
+    add_test(NAME windows_${name} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(windows_${name} PROPERTIES LABELS windows)
+  elseif(QB_ROOM_TESTS)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
   endif()
 endfunction()

@@ -1,6 +1,7 @@
 #include "runtime/Text.h"
 
 #include <algorithm>
+#include <array>
 
 #include "runtime/CaseMapping.h"
 
@@ -54,6 +55,20 @@ char UpperAscii(char byte) {
 }
 
 }  // namespace
+
+bool IsUtf8(std::string_view bytes) {
+  constexpr std::array<char32_t, 5> kLeast{0, 0, 0x80, 0x800, 0x10000};  // that needs so many bytes
+  while (!bytes.empty()) {
+    const std::size_t before = bytes.size();
+    const bool isAscii = static_cast<unsigned char>(bytes.front()) < 0x80U;
+    const char32_t character = TakeCharacter(bytes);
+    const std::size_t length = before - bytes.size();
+    if (isAscii) continue;
+    const bool isSurrogate = character >= 0xD800 && character <= 0xDFFF;
+    if (length == 1 || character < kLeast[length] || character > 0x10FFFF || isSurrogate) return false;
+  }
+  return true;
+}
 
 std::size_t CharacterCount(std::string_view text) {
   std::size_t count = 0;

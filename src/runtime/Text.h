@@ -18,6 +18,9 @@ std::uint64_t EightBytes(std::string_view text);
 /// Whether every byte is one of ASCII.
 bool IsAscii(std::string_view text);
 
+/// Whether the bytes are valid UTF-8.
+bool IsUtf8(std::string_view bytes);
+
 /// Number of characters. A byte that is no valid UTF-8 counts as one character.
 std::size_t CharacterCount(std::string_view text);
 

@@ -4,13 +4,13 @@
 
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/CachedProfileFiles.h"
-#include "platform/linux/LinuxFileSystem.h"
-#include "platform/linux/LinuxTextCodec.h"
+#include "platform/HostPlatform.h"
 #include "support/FaultyFileSystem.h"
 #include "support/FolderTest.h"
 
@@ -38,10 +38,10 @@ class CachedProfileFilesTest : public FolderTest {
   int Count(FileOperation operation) const { return files_.Count(operation); }
 
   CodePage codePage_ = 1252;
-  LinuxFileSystem real_{Root(), std::chrono::milliseconds(50)};
-  LinuxTextCodec codec_;
-  FaultyFileSystem files_{real_};
-  CachedProfileFiles profiles_{files_, codec_, [this](const ProfileImage&) { return codePage_; }};
+  std::unique_ptr<FileSystem> real_ = MakeHostFileSystem(Root(), std::chrono::milliseconds(50));
+  std::unique_ptr<TextCodec> codec_ = MakeHostTextCodec();
+  FaultyFileSystem files_{*real_};
+  CachedProfileFiles profiles_{files_, *codec_, [this](const ProfileImage&) { return codePage_; }};
 };
 
 }  // namespace qb

@@ -53,7 +53,7 @@ TEST_F(CachedProfileFilesTest, Read_LongValueOfTwoByteCharacters_IsCutByCharacte
   codePage_ = 932;
   std::string text;
   for (int i = 0; i < 300; ++i) text += "表";
-  Put(kFile, codec_.Encode("[A]\r\nK=" + text + "\r\n", 932));
+  Put(kFile, codec_->Encode("[A]\r\nK=" + text + "\r\n", 932));
   EXPECT_EQ(Get("A", "K"), text.substr(0, 254 * 3));
   EXPECT_EQ(profiles_.ValueLength("A", "K", "", kFile), 300U);
 }
@@ -76,7 +76,7 @@ TEST_F(CachedProfileFilesTest, Texts_BytesWithoutMeaning_ComeBackUnchanged) {
 }
 
 TEST_F(CachedProfileFilesTest, Chooser_SeesTheFile) {
-  CachedProfileFiles profiles(files_, codec_, [](const ProfileImage& image) {
+  CachedProfileFiles profiles(files_, *codec_, [](const ProfileImage& image) {
     return image.Value("GLOBAL", "DSTLANGUAGE") == "RU" ? 1251U : 1252U;
   });
   Put(kFile, "[GLOBAL]\r\nDSTLANGUAGE=RU\r\nTITLE=\xCF\xF0\r\n");
@@ -226,7 +226,7 @@ TEST_F(CachedProfileFilesTest, Write_FileThatCannotBeRead_IsRefusedAndLeftAlone)
 
 TEST_F(CachedProfileFilesTest, Write_ReadOnlyFile_IsRefused) {
   Put(kFile, "[A]\r\nK=1\r\n");
-  real_.SetAttributes(kFile, attribute::kReadOnly);
+  real_->SetAttributes(kFile, attribute::kReadOnly);
   EXPECT_FALSE(Set("A", "K", "2"));
   EXPECT_EQ(Content(kFile), "[A]\r\nK=1\r\n");
 }
@@ -253,7 +253,7 @@ TEST_F(CachedProfileFilesTest, Length_MissingFile_Raises53) {
 }
 
 TEST_F(CachedProfileFilesTest, WriteInsideAFolderThatIsLockedHere_DoesNotWaitForItself) {
-  const std::unique_ptr<FileLock> lock = real_.Lock(kFile);
+  const std::unique_ptr<FileLock> lock = real_->Lock(kFile);
   EXPECT_TRUE(Set("A", "K", "1"));
 }
 

@@ -1,12 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/HostPlatform.h"
 #include "platform/ProfileImage.h"
-#include "platform/linux/LinuxTextCodec.h"
 #include "runtime/Text.h"
 #include "support/ImageBytes.h"
 
@@ -257,14 +258,14 @@ TEST(ProfileImage, Objection_Table) {
 }
 
 ProfileImage ImageIn(CodePage codePage, std::string_view text) {
-  static LinuxTextCodec codec;
-  ProfileImage image(codec.Encode(text, codePage));
-  image.SetFolding([codePage](std::string_view name) { return UpperCase(codec.Decode(name, codePage)); });
+  static const std::unique_ptr<TextCodec> codec = MakeHostTextCodec();
+  ProfileImage image(codec->Encode(text, codePage));
+  image.SetFolding([codePage](std::string_view name) { return UpperCase(codec->Decode(name, codePage)); });
   return image;
 }
 
 std::string In(CodePage codePage, std::string_view text) {
-  return LinuxTextCodec().Encode(text, codePage);
+  return MakeHostTextCodec()->Encode(text, codePage);
 }
 
 TEST(ProfileImage, NamesOfACodePage_MatchInAnyCase) {

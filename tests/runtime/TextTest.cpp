@@ -99,5 +99,19 @@ TEST(Text, TakeCharacter_InvalidByte_IsTheReplacementCharacter) {
   }
 }
 
+TEST(Text, IsUtf8_ShortestFormsOfCharacters) {
+  EXPECT_TRUE(IsUtf8(""));
+  EXPECT_TRUE(IsUtf8("plain"));
+  EXPECT_TRUE(IsUtf8("\u00FCber\u8868\U0001F600\U0010FFFF"));
+}
+
+TEST(Text, IsUtf8_NothingElse) {
+  for (const char* const bytes :
+       {"\xFC", "a\x80", "\xC3", "\xC3(", "\xC1\x81", "\xE0\x80\x80", "\xE8\xA1", "\xED\xA0\x80",
+        "\xF0\x80\x80\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF"}) {
+    EXPECT_FALSE(IsUtf8(bytes));
+  }
+}
+
 }  // namespace
 }  // namespace qb

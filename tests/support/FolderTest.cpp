@@ -1,13 +1,13 @@
 #include "support/FolderTest.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <system_error>
 #include <thread>
+
+#include "support/FreshFolder.h"
 
 namespace qb {
 namespace {
@@ -16,10 +16,7 @@ constexpr std::chrono::milliseconds kSettled{25};
 
 }  // namespace
 
-FolderTest::FolderTest() {
-  std::string name = (std::filesystem::temp_directory_path() / "quillbank-test-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::system_error(errno, std::generic_category(), name);
-  root_ = name;
+FolderTest::FolderTest() : root_(MakeFreshFolder()) {
 }
 
 FolderTest::~FolderTest() {

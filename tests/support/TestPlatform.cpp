@@ -1,36 +1,23 @@
 #include "support/TestPlatform.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <system_error>
 #include <utility>
 
 #include "foundation/FoundationState.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/HostPlatform.h"
+#include "support/FreshFolder.h"
 
 namespace qb {
-namespace {
-
-std::filesystem::path FreshFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "quillbank-test-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) {
-    throw std::system_error(errno, std::generic_category(), name);
-  }
-  return name;
-}
-
-}  // namespace
-
-PlatformTest::PlatformTest() : folder_(FreshFolder()) {
+PlatformTest::PlatformTest() : folder_(MakeFreshFolder()) {
   // The settings stand beside the drive, so that the drive starts empty.
   const std::filesystem::path drive = folder_ / "drive";
   const std::filesystem::path configuration = folder_ / "config";
   std::filesystem::create_directory(drive);
   std::filesystem::create_directory(configuration);
-  auto platform = MakeLinuxPlatform({drive.string(), configuration.string()});
+  auto platform = MakeHostPlatform({drive.string(), configuration.string()});
   boxes_ = Install<ScriptedBoxes>(platform->messageBoxes);
   dialogs_ = Install<ScriptedFileDialogs>(platform->fileDialogs);
   clipboard_ = Install<RecordingClipboard>(platform->clipboard);

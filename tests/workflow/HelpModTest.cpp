@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/HostPlatform.h"
 #include "runtime/RuntimeError.h"
 #include "support/WorkflowTest.h"
 #include "workflow/HelpMod.h"
@@ -130,7 +130,7 @@ TEST_F(HelpModTest, WorldWideWeb_StartGivesZero_SaysSo) {
 }
 
 TEST_F(HelpModTest, WorldWideWeb_NoBrowser_FailsToStartTheAddressAndReportsIt) {
-  const auto desktop = MakeLinuxPlatform({Native(R"(\)").string(), Native(R"(\hive)").string()});
+  const auto desktop = MakeHostPlatform({Native(R"(\)").string(), Native(R"(\hive)").string()});
   std::swap(ThePlatform().shell, desktop->shell);
   gWebBrowser.clear();
   QbtOrbOnTheWorldWideWeb();

@@ -1,5 +1,4 @@
 #include <fmt/format.h>
-#include <glib.h>
 
 #include "apps/qbt/PackageCheck.h"
 #include "platform/Platform.h"
@@ -12,10 +11,6 @@ constexpr std::size_t kShownCharacters = 40;
 
 std::string Shown(const PackageSource& source, std::string_view bytes) {
   return std::string(FirstCharacters(source.Text(bytes), kShownCharacters));
-}
-
-bool IsUtf8(std::string_view bytes) {
-  return g_utf8_validate_len(bytes.data(), bytes.size(), nullptr) != FALSE;
 }
 
 /// The bytes of a text that mean nothing in the code page, as hexadecimal numbers; empty if all mean

@@ -183,11 +183,12 @@ class Grammar {
 
 }  // namespace
 
-std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, int& exitCode) {
+std::optional<CommandLine> ReadCommandLine(std::vector<std::string> arguments, int& exitCode) {
   CommandLine line;
   Grammar grammar(line);
   try {
-    grammar.App().parse(argc, argv);
+    std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+    grammar.App().parse(arguments);
     return line;
   } catch (const CLI::Success& asked) {
     exitCode = grammar.App().exit(asked) == 0 ? exitcode::kFine : exitcode::kUsage;

@@ -43,8 +43,8 @@ struct CommandLine {
   std::string targetFolder;  ///< of the package to make; empty: beside the sources' folder
 };
 
-/// Reads the arguments. Nothing if there is nothing to do: help or version was asked for, or the arguments
-/// are wrong; then it has said so, and `exitCode` is set.
-std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, int& exitCode);
+/// Reads the arguments, without the program's name. Nothing if there is nothing to do: help or version was
+/// asked for, or the arguments are wrong; then it has said so, and `exitCode` is set.
+std::optional<CommandLine> ReadCommandLine(std::vector<std::string> arguments, int& exitCode);
 
 }  // namespace qb

@@ -1,13 +1,12 @@
 #include "apps/qbt/Terminal.h"
 
 #include <fmt/format.h>
-#include <glib.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
 
+#include "apps/qbt/HostTerminal.h"
 #include "runtime/Text.h"
 
 namespace qb {
@@ -37,16 +36,12 @@ std::string Printable(std::string_view text) {
 
 std::size_t ColumnsOf(std::string_view text) {
   std::size_t columns = 0;
-  while (!text.empty()) {
-    const char32_t character = TakeCharacter(text);
-    if (g_unichar_iszerowidth(character) == FALSE) columns += g_unichar_iswide(character) != FALSE ? 2 : 1;
-  }
+  while (!text.empty()) columns += static_cast<std::size_t>(ColumnsOfCharacter(TakeCharacter(text)));
   return columns;
 }
 
 Terminal::Terminal()
-    : canAsk_(isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1),
-      showsProgress_(isatty(STDERR_FILENO) == 1) {
+    : canAsk_(InputComesFromTerminal() && ErrorsGoToTerminal()), showsProgress_(ErrorsGoToTerminal()) {
 }
 
 void Terminal::Write(std::string_view text) {

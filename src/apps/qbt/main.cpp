@@ -1,11 +1,11 @@
-#include <clocale>
 #include <exception>
 
 #include "apps/qbt/CommandLine.h"
 #include "apps/qbt/Commands.h"
 #include "apps/qbt/ExitCode.h"
+#include "apps/qbt/HostTerminal.h"
 #include "apps/qbt/Terminal.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/HostPlatform.h"
 
 namespace {
 
@@ -29,11 +29,10 @@ int Run(const qb::CommandLine& line, qb::Terminal& terminal) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::setlocale(LC_ALL, "");
   int exitCode = qb::exitcode::kFine;
-  const std::optional<qb::CommandLine> line = qb::ReadCommandLine(argc, argv, exitCode);
+  const std::optional<qb::CommandLine> line = qb::ReadCommandLine(qb::PrepareTerminal(argc, argv), exitCode);
   if (!line) return exitCode;
-  qb::InstallPlatform(qb::MakeLinuxPlatform());
+  qb::InstallPlatform(qb::MakeHostPlatform());
   qb::Terminal terminal;
   try {
     return Run(*line, terminal);

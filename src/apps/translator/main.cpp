@@ -10,7 +10,7 @@
 #include "editors/gumbo/GumboHtmlParser.h"
 #include "foundation/Product.h"
 #include "foundation/gRvdError.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/HostPlatform.h"
 #include "runtime/RuntimeError.h"
 #include "workflow/TranslateMod.h"
 #include "wx/CommandTail.h"
@@ -30,7 +30,7 @@ class TranslatorApp : public wxApp {
   bool OnInit() override {
     // Windows come and go while the program runs; it ends where its commands say so.
     SetExitOnFrameDelete(false);
-    auto platform = qb::MakeLinuxPlatform();
+    auto platform = qb::MakeHostPlatform();
     qb::AddWxDesktop(*platform);
     qb::InstallPlatform(std::move(platform));
     qb::gEditorQuestions.newHtmlParser = qb::MakeGumboHtmlParser;

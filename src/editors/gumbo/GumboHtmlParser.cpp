@@ -18,8 +18,16 @@ namespace {
 /// What stands in front of the first element is enough to declare a code page.
 constexpr std::size_t kDeclarationBytes = 65536;
 
+// One generation of the parser wants its options back for this, the next one does not.
+[[maybe_unused]] void DestroyWith(void (*destroy)(const GumboOptions*, GumboOutput*), GumboOutput* output) {
+  destroy(&kGumboDefaultOptions, output);
+}
+[[maybe_unused]] void DestroyWith(void (*destroy)(GumboOutput*), GumboOutput* output) {
+  destroy(output);
+}
+
 struct Destroy {
-  void operator()(GumboOutput* output) const { gumbo_destroy_output(&kGumboDefaultOptions, output); }
+  void operator()(GumboOutput* output) const { DestroyWith(gumbo_destroy_output, output); }
 };
 
 /// The elements of a text, in its order.

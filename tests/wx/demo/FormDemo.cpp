@@ -7,7 +7,7 @@
 #include <string>
 
 #include "foundation/Product.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/HostPlatform.h"
 #include "ui/Forms.h"
 #include "ui/frmAbout.h"
 #include "ui/frmAttributeTranslation.h"
@@ -85,7 +85,7 @@ class FormDemo : public wxApp {
       return false;
     }
     SetExitOnFrameDelete(false);
-    auto platform = qb::MakeLinuxPlatform();
+    auto platform = qb::MakeHostPlatform();
     qb::AddWxDesktop(*platform);
     qb::InstallPlatform(std::move(platform));
     qb::InstallToolkit(std::make_unique<qb::WxToolkit>());

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/LinuxFileSystemFixture.h"
+#include "platform/linux/LinuxFileSystemFixture.h"
 
 namespace qb {
 namespace {

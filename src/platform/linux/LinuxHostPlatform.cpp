@@ -1,6 +1,5 @@
-#include "platform/linux/LinuxPlatform.h"
-
 #include "platform/CachedProfileFiles.h"
+#include "platform/HostPlatform.h"
 #include "platform/PackageCodePage.h"
 #include "platform/linux/HiveRegistry.h"
 #include "platform/linux/LinuxApplicationWindows.h"
@@ -15,7 +14,7 @@ namespace qb {
 namespace {
 
 struct ProfileParts {
-  explicit ProfileParts(const LinuxPlatformOptions& options)
+  explicit ProfileParts(const HostPlatformOptions& options)
       : partFiles(options.root), partRegistry(options.configurationFolder) {}
 
   LinuxFileSystem partFiles;
@@ -26,14 +25,14 @@ struct ProfileParts {
 /// Profile files that bring what they need, so that any other part of the platform can be replaced.
 class LinuxProfileFiles : private ProfileParts, public CachedProfileFiles {
  public:
-  explicit LinuxProfileFiles(const LinuxPlatformOptions& options)
+  explicit LinuxProfileFiles(const HostPlatformOptions& options)
       : ProfileParts(options),
         CachedProfileFiles(partFiles, partCodec, PackageCodePageChooser(partRegistry, partCodec)) {}
 };
 
 }  // namespace
 
-std::unique_ptr<Platform> MakeLinuxPlatform(const LinuxPlatformOptions& options) {
+std::unique_ptr<Platform> MakeHostPlatform(const HostPlatformOptions& options) {
   auto platform = std::make_unique<Platform>();
   platform->files = std::make_unique<LinuxFileSystem>(options.root);
   platform->codec = std::make_unique<LinuxTextCodec>();
@@ -47,6 +46,14 @@ std::unique_ptr<Platform> MakeLinuxPlatform(const LinuxPlatformOptions& options)
   platform->dde = std::make_unique<LinuxDde>();
   platform->debugger = std::make_unique<LinuxDebugger>();
   return platform;
+}
+
+std::unique_ptr<FileSystem> MakeHostFileSystem(const std::string& root, std::chrono::milliseconds patience) {
+  return std::make_unique<LinuxFileSystem>(root, patience);
+}
+
+std::unique_ptr<TextCodec> MakeHostTextCodec() {
+  return std::make_unique<LinuxTextCodec>();
 }
 
 }  // namespace qb

@@ -9,9 +9,9 @@
 #include <memory>
 #include <string>
 
+#include "platform/HostPlatform.h"
 #include "platform/linux/LinuxApplications.h"
 #include "platform/linux/LinuxClock.h"
-#include "platform/linux/LinuxPlatform.h"
 #include "runtime/RuntimeError.h"
 
 namespace qb {
@@ -94,7 +94,7 @@ TEST(LinuxClock, Now_IsTheTimeOfTheSystem) {
 }
 
 TEST(LinuxPlatform, Make_BringsAllButTheToolkitsParts) {
-  const std::unique_ptr<Platform> platform = MakeLinuxPlatform({"/tmp", "/tmp"});
+  const std::unique_ptr<Platform> platform = MakeHostPlatform({"/tmp", "/tmp"});
   EXPECT_NE(platform->files, nullptr);
   EXPECT_NE(platform->codec, nullptr);
   EXPECT_NE(platform->registry, nullptr);
@@ -112,14 +112,14 @@ TEST(LinuxPlatform, Make_BringsAllButTheToolkitsParts) {
 }
 
 TEST(NoAutomation, AnyClass_IsNeitherRunningNorMade) {
-  const std::unique_ptr<Platform> platform = MakeLinuxPlatform({"/tmp", "/tmp"});
+  const std::unique_ptr<Platform> platform = MakeHostPlatform({"/tmp", "/tmp"});
   EXPECT_EQ(platform->automation->ActiveObject("Visio.Application"), nullptr);
   EXPECT_FALSE(Attempt([&] { platform->automation->NewObject("Visio.Application"); }));
   EXPECT_EQ(Err.Number, failure::kCannotCreateObject);
 }
 
 TEST(LinuxPlatform, Parts_OutliveTheReplacementOfOthers) {
-  const std::unique_ptr<Platform> platform = MakeLinuxPlatform({"/tmp", "/tmp"});
+  const std::unique_ptr<Platform> platform = MakeHostPlatform({"/tmp", "/tmp"});
   platform->files.reset();
   platform->registry.reset();
   platform->codec.reset();

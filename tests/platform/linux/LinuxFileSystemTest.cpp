@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/LinuxFileSystemFixture.h"
+#include "platform/linux/LinuxFileSystemFixture.h"
 
 namespace qb {
 namespace {

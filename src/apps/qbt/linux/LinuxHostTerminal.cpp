@@ -1,0 +1,28 @@
+#include <glib.h>
+#include <unistd.h>
+
+#include <clocale>
+
+#include "apps/qbt/HostTerminal.h"
+
+namespace qb {
+
+std::vector<std::string> PrepareTerminal(int argc, char** argv) {
+  std::setlocale(LC_ALL, "");
+  return {argv + 1, argv + argc};
+}
+
+bool ErrorsGoToTerminal() {
+  return isatty(STDERR_FILENO) == 1;
+}
+
+bool InputComesFromTerminal() {
+  return isatty(STDIN_FILENO) == 1;
+}
+
+int ColumnsOfCharacter(char32_t character) {
+  if (g_unichar_iszerowidth(character) != FALSE) return 0;
+  return g_unichar_iswide(character) != FALSE ? 2 : 1;
+}
+
+}  // namespace qb

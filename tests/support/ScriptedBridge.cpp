@@ -226,12 +226,15 @@ struct ScriptedParts {
   };
 };
 
+std::function<ScriptedBridge::NewBridge(ScriptedBridge::NewBridge)> ScriptedBridge::between;
+
 std::shared_ptr<ScriptedBridge> ScriptedBridge::Install() {
   auto script = std::make_shared<ScriptedBridge>();
-  gEditorQuestions.newDocumentBridge = [script]() -> std::shared_ptr<IBridge> {
+  const NewBridge newBridge = [script]() -> std::shared_ptr<IBridge> {
     const std::string name = "bridge " + std::to_string(++script->bridges_);
     return ScriptedParts::Answer<ScriptedParts::Bridge>(script, "new " + name, name);
   };
+  gEditorQuestions.newDocumentBridge = between ? between(newBridge) : newBridge;
   return script;
 }
 

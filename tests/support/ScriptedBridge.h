@@ -27,6 +27,11 @@ struct ScriptedDocument {
 /// "group <path> Close", "document <path> Application.Name", ...
 class ScriptedBridge : public std::enable_shared_from_this<ScriptedBridge> {
  public:
+  using NewBridge = std::function<std::shared_ptr<IBridge>()>;
+  /// What stands between the offices and the program: is given how an office makes a bridge, and returns how
+  /// the program gets it. Empty: nothing stands between.
+  static std::function<NewBridge(NewBridge)> between;
+
   /// A new office that answers for this process.
   static std::shared_ptr<ScriptedBridge> Install();
 

@@ -1,0 +1,13 @@
+/* Members that the program must never call, for the interface description and for the objects alike: each
+   side says what FILLER(position) is. */
+/* clang-format off */
+#define FILLERS_0_TO_11 \
+  FILLER(0) FILLER(1) FILLER(2) FILLER(3) FILLER(4) FILLER(5) FILLER(6) FILLER(7) FILLER(8) FILLER(9) FILLER(10) FILLER(11)
+#define FILLERS_13_TO_16 FILLER(13) FILLER(14) FILLER(15) FILLER(16)
+#define FILLERS_0_TO_15 FILLERS_0_TO_11 FILLER(12) FILLER(13) FILLER(14) FILLER(15)
+#define FILLERS_0_TO_16 FILLERS_0_TO_15 FILLER(16)
+#define FILLERS_17_TO_21 FILLER(17) FILLER(18) FILLER(19) FILLER(20) FILLER(21)
+#define FILLERS_13_TO_18 FILLERS_13_TO_16 FILLER(17) FILLER(18)
+#define FILLERS_0_TO_27 \
+  FILLERS_0_TO_16 FILLERS_17_TO_21 FILLER(22) FILLER(23) FILLER(24) FILLER(25) FILLER(26) FILLER(27)
+/* clang-format on */

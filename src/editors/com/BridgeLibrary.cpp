@@ -36,14 +36,20 @@ ComPtr<ITypeInfo> CreatableOf(const std::vector<ComPtr<ITypeInfo>>& classes) {
   return creatable;
 }
 
-/// The interface by which documents raise events.
-TypeDescription EventsOf(const std::vector<ComPtr<ITypeInfo>>& classes) {
+EventNumbers NumbersOf(const TypeDescription& events) {
+  return {events.Identifier(), events.EventNumber(position::kOnPostClose),
+          events.EventNumber(position::kOnPostLocalSave)};
+}
+
+/// The events that the class of documents raises.
+std::optional<EventNumbers> EventsOf(const std::vector<ComPtr<ITypeInfo>>& classes) {
   for (const auto& theClass : classes) {
-    const auto main = TypeDescription::DefaultOf(*theClass.Get(), false);
-    if (main == nullptr || TraitsOf(*main.Get()).identifier != kDocument) continue;
-    if (const auto events = TypeDescription::DefaultOf(*theClass.Get(), true)) return TypeDescription(events);
+    if (!TypeDescription::Implements(*theClass.Get(), kDocument)) continue;
+    if (const auto events = TypeDescription::DefaultOf(*theClass.Get(), true)) {
+      return NumbersOf(TypeDescription(events));
+    }
   }
-  RaiseUnusableLibrary("a document has no events");
+  return std::nullopt;
 }
 
 BridgeLibrary Read(ITypeLib& library) {
@@ -76,14 +82,12 @@ BridgeLibrary Read(ITypeLib& library) {
   property.MustHave(position::kPropertyReadValue, 1);
   property.MustHave(position::kPropertyWriteValue, 1);
 
-  const TypeDescription events = EventsOf(classes);
   return {TraitsOf(*creatable.Get()).identifier,
           bridge.Identifier(),
           group.Identifier(),
           kDocument,
-          events.Identifier(),
-          events.EventNumber(position::kOnPostClose),
-          events.EventNumber(position::kOnPostLocalSave)};
+          &library,
+          EventsOf(classes)};
 }
 
 }  // namespace
@@ -94,6 +98,14 @@ std::shared_ptr<const BridgeLibrary> FindBridgeLibrary() {
   ComPtr<ITypeLib> library;
   CheckCom(LoadTypeLibEx(file->c_str(), REGKIND_NONE, library.GetAddressOf()), Utf8(*file));
   return std::make_shared<const BridgeLibrary>(Read(*library.Get()));
+}
+
+std::optional<EventNumbers> EventsByListener(ITypeLib& library, const IID& listener) {
+  ComPtr<ITypeInfo> type;
+  if (FAILED(library.GetTypeInfoOfGuid(listener, type.GetAddressOf()))) return std::nullopt;
+  const TypeDescription events(type);
+  if (!events.HasEvent(position::kOnPostLocalSave)) return std::nullopt;
+  return NumbersOf(events);
 }
 
 }  // namespace qb

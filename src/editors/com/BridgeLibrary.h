@@ -1,10 +1,18 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "platform/win32/ComHeaders.h"
 
 namespace qb {
+
+/// How a document tells its events.
+struct EventNumbers {
+  IID listener;  ///< what a document calls its listener by
+  DISPID postClose;
+  DISPID postLocalSave;
+};
 
 /// What the type library of the Document Bridge tells: the names in it do not count, only positions.
 struct BridgeLibrary {
@@ -12,10 +20,13 @@ struct BridgeLibrary {
   IID bridge;         ///< its default interface
   IID group;
   IID document;
-  IID events;  ///< what a document calls its listener by
-  DISPID postClose;
-  DISPID postLocalSave;
+  ComPtr<ITypeLib> types;
+  /// By the class of documents; nothing if the library tells of no such class.
+  std::optional<EventNumbers> events;
 };
+
+/// The events of a listener that the library describes; nothing if it does not, or has too few.
+std::optional<EventNumbers> EventsByListener(ITypeLib& library, const IID& listener);
 
 /// The library that is registered on this machine in its highest version; nothing if none is. Raises if its
 /// type library cannot be read or does not have the members that the program uses.

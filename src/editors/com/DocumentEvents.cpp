@@ -1,5 +1,7 @@
 #include "editors/com/DocumentEvents.h"
 
+#include <olectl.h>
+
 #include <utility>
 
 #include "editors/com/EventSink.h"
@@ -11,15 +13,44 @@ namespace {
 
 constexpr const char* kSubject = "events of a document";
 
+/// Where a listener is taken, and what it is told.
+struct Connection {
+  ComPtr<IConnectionPoint> point;
+  EventNumbers events;
+};
+
+/// The first kind of listener that the library describes.
+Connection FirstKnown(const BridgeLibrary& library, IConnectionPointContainer& container) {
+  ComPtr<IEnumConnectionPoints> points;
+  CheckCom(container.EnumConnectionPoints(points.GetAddressOf()), kSubject);
+  for (;;) {
+    ComPtr<IConnectionPoint> point;
+    if (points->Next(1, point.GetAddressOf(), nullptr) != S_OK)
+      RaiseComFailure(CONNECT_E_NOCONNECTION, kSubject);
+    IID listener{};
+    CheckCom(point->GetConnectionInterface(&listener), kSubject);
+    if (const auto events = EventsByListener(*library.types.Get(), listener)) return {point, *events};
+  }
+}
+
+Connection ConnectionOf(const BridgeLibrary& library, IUnknown& object) {
+  ComPtr<IConnectionPointContainer> container;
+  CheckCom(object.QueryInterface(IID_IConnectionPointContainer, Into(container)), kSubject);
+  if (!library.events) return FirstKnown(library, *container.Get());
+  Connection connection{{}, *library.events};
+  CheckCom(container->FindConnectionPoint(connection.events.listener, connection.point.GetAddressOf()),
+           kSubject);
+  return connection;
+}
+
 }  // namespace
 
 DocumentEvents::DocumentEvents(const BridgeLibrary& library, IUnknown& object,
-                               std::weak_ptr<IBridgeDocument> document)
-    : sink_(new EventSink(library, std::move(document))) {
-  ComPtr<IConnectionPointContainer> container;
-  CheckCom(object.QueryInterface(IID_IConnectionPointContainer, &container), kSubject);
-  CheckCom(container->FindConnectionPoint(library.events, point_.GetAddressOf()), kSubject);
+                               std::weak_ptr<IBridgeDocument> document) {
   MemberCall call;
+  const Connection connection = ConnectionOf(library, object);
+  sink_ = new EventSink(connection.events, std::move(document));
+  point_ = connection.point;
   call.Finish(point_->Advise(sink_.Get(), &cookie_), kSubject);
   sink_->Begin();
 }

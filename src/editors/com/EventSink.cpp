@@ -43,11 +43,8 @@ void Describe(const std::exception_ptr& failure, EXCEPINFO& description) {
 
 }  // namespace
 
-EventSink::EventSink(const BridgeLibrary& library, std::weak_ptr<IBridgeDocument> document)
-    : events_(library.events),
-      postClose_(library.postClose),
-      postLocalSave_(library.postLocalSave),
-      document_(std::move(document)) {
+EventSink::EventSink(const EventNumbers& events, std::weak_ptr<IBridgeDocument> document)
+    : events_(events), document_(std::move(document)) {
 }
 
 void EventSink::Begin() {
@@ -69,7 +66,7 @@ void EventSink::RaiseWaiting() {
 HRESULT EventSink::QueryInterface(REFIID identifier, void** object) {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
-  if (identifier != IID_IUnknown && identifier != IID_IDispatch && identifier != events_) {
+  if (identifier != IID_IUnknown && identifier != IID_IDispatch && identifier != events_.listener) {
     return E_NOINTERFACE;
   }
   AddRef();
@@ -100,7 +97,7 @@ HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
 HRESULT EventSink::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO* failure,
                           UINT*) {
   const ComPtr<EventSink> alive = this;
-  if (event != postClose_ && event != postLocalSave_) return S_OK;
+  if (event != events_.postClose && event != events_.postLocalSave) return S_OK;
   if (!begun_) {
     waiting_.push_back(event);
     return S_OK;
@@ -123,7 +120,7 @@ HRESULT EventSink::Tell(DISPID event, EXCEPINFO* failure) {
 void EventSink::Raise(DISPID event) {
   const auto document = document_.lock();
   if (document == nullptr) return;
-  if (event == postClose_) {
+  if (event == events_.postClose) {
     document->RaiseOnPostClose();
   } else {
     document->RaiseOnPostLocalSave();

@@ -13,7 +13,7 @@ namespace qb {
 /// longer than the document that it tells.
 class EventSink : public IDispatch {
  public:
-  EventSink(const BridgeLibrary& library, std::weak_ptr<IBridgeDocument> document);
+  EventSink(const EventNumbers& events, std::weak_ptr<IBridgeDocument> document);
   EventSink(const EventSink&) = delete;
   EventSink& operator=(const EventSink&) = delete;
 
@@ -42,9 +42,7 @@ class EventSink : public IDispatch {
   static void CALLBACK OnTurn(HWND window, UINT message, UINT_PTR timer, DWORD time);
 
   ULONG references_ = 0;
-  IID events_;
-  DISPID postClose_;
-  DISPID postLocalSave_;
+  EventNumbers events_;
   std::weak_ptr<IBridgeDocument> document_;
   bool begun_ = false;
   std::vector<DISPID> waiting_;

@@ -33,6 +33,19 @@ ComPtr<ITypeInfo> Referred(ITypeInfo& type, HREFTYPE reference) {
   return referred;
 }
 
+/// How the class marks one of the types that it is made of.
+int FlagsOf(ITypeInfo& theClass, UINT index) {
+  int flags = 0;
+  CheckCom(theClass.GetImplTypeFlags(index, &flags), kSubject);
+  return flags;
+}
+
+ComPtr<ITypeInfo> ImplementedBy(ITypeInfo& theClass, UINT index) {
+  HREFTYPE reference = 0;
+  CheckCom(theClass.GetRefTypeOfImplType(index, &reference), kSubject);
+  return Referred(theClass, reference);
+}
+
 ComPtr<ITypeInfo> DirectEntries(ComPtr<ITypeInfo> type) {
   TypeTraits traits = TraitsOf(*type.Get());
   if (traits.kind == TKIND_COCLASS) {
@@ -95,26 +108,40 @@ TypeDescription TypeDescription::ResultOf(int position) const {
   return TypeDescription(Referred(*type_.Get(), result->hreftype));
 }
 
-DISPID TypeDescription::EventNumber(int position) const {
+std::optional<DISPID> TypeDescription::FindEvent(int position) const {
   int own = 0;
   for (int index = 0; index < TraitsOf(*type_.Get()).members; ++index) {
     const Member member(*type_.Get(), index);
     if (!IsInherited(*member.operator->()) && own++ == position) return member->memid;
   }
-  RaiseUnusableLibrary("a document has too few events");
+  return std::nullopt;
+}
+
+bool TypeDescription::HasEvent(int position) const {
+  return FindEvent(position).has_value();
+}
+
+DISPID TypeDescription::EventNumber(int position) const {
+  const auto number = FindEvent(position);
+  if (!number) RaiseUnusableLibrary("a document has too few events");
+  return *number;
 }
 
 ComPtr<ITypeInfo> TypeDescription::DefaultOf(ITypeInfo& theClass, bool events) {
   for (UINT index = 0; index < TraitsOf(theClass).implemented; ++index) {
-    int flags = 0;
-    CheckCom(theClass.GetImplTypeFlags(index, &flags), kSubject);
+    const int flags = FlagsOf(theClass, index);
     const bool isSource = (flags & IMPLTYPEFLAG_FSOURCE) != 0;
-    if ((flags & IMPLTYPEFLAG_FDEFAULT) == 0 || isSource != events) continue;
-    HREFTYPE reference = 0;
-    CheckCom(theClass.GetRefTypeOfImplType(index, &reference), kSubject);
-    return Referred(theClass, reference);
+    if ((flags & IMPLTYPEFLAG_FDEFAULT) != 0 && isSource == events) return ImplementedBy(theClass, index);
   }
   return nullptr;
+}
+
+bool TypeDescription::Implements(ITypeInfo& theClass, const IID& identifier) {
+  for (UINT index = 0; index < TraitsOf(theClass).implemented; ++index) {
+    if ((FlagsOf(theClass, index) & IMPLTYPEFLAG_FSOURCE) != 0) continue;
+    if (TraitsOf(*ImplementedBy(theClass, index).Get()).identifier == identifier) return true;
+  }
+  return false;
 }
 
 }  // namespace qb

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "platform/win32/ComHeaders.h"
 
 namespace qb {
@@ -16,14 +18,19 @@ class TypeDescription {
   void MustHave(int position, int parameters) const;
   /// The interface that the member at `position` gives.
   TypeDescription ResultOf(int position) const;
+  bool HasEvent(int position) const;
   /// The number by which the event at `position` is told to a listener.
   DISPID EventNumber(int position) const;
 
   /// The type of a class that is marked so: its default interface, or the one by which it raises events.
   /// Nothing if it has none.
   static ComPtr<ITypeInfo> DefaultOf(ITypeInfo& theClass, bool events);
+  /// Whether objects of the class have the interface.
+  static bool Implements(ITypeInfo& theClass, const IID& identifier);
 
  private:
+  std::optional<DISPID> FindEvent(int position) const;
+
   ComPtr<ITypeInfo> type_;
 };
 

@@ -179,6 +179,20 @@ TEST_F(ComBridgeTest, Events_ReachTheDocumentThatTheyBelongTo) {
   EXPECT_THAT(heard, ElementsAre("saved", "other closed", "closed"));
 }
 
+TEST_F(ComBridgeTest, Events_TypeLibraryTellsOfNoClassThatRaisesThem_AreFoundThroughTheDocument) {
+  RegisterStandIn(StandInFile(L"NoEvents.tlb"), StandInFile(L"StandInBridge.dll"));
+  const auto document = OpenDocument();
+  int saved = 0;
+  int closed = 0;
+  document->OnPostLocalSave = [&] { ++saved; };
+  document->OnPostClose = [&] { ++closed; };
+  office_->UserSaves(kDocument);
+  EXPECT_EQ(saved, 1);
+  EXPECT_EQ(closed, 0);
+  office_->UserCloses(kDocument);
+  EXPECT_EQ(closed, 1);
+}
+
 TEST_F(ComBridgeTest, Event_ThatLetsGoOfEverything_IsHandledToItsEnd) {
   auto document = OpenDocument();
   bool closed = false;

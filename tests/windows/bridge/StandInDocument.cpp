@@ -26,6 +26,65 @@ void Tell(IDispatch& listener, DISPID event) {
   throw RuntimeError(FailureNumber(failure.scode), source.Text(), description.Text());
 }
 
+/// What the small objects of this file share: they count references and themselves.
+template <class Interface>
+class Counted : public Interface {
+ public:
+  Counted() { ++theStandIn.objects; }
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** object) override {
+    *object = nullptr;
+    if (identifier != IID_IUnknown && identifier != __uuidof(Interface)) return E_NOINTERFACE;
+    AddRef();
+    *object = static_cast<Interface*>(this);
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+
+ protected:
+  virtual ~Counted() { --theStandIn.objects; }
+
+ private:
+  ULONG references_ = 0;
+};
+
+/// A place for listeners of a kind that the type library does not describe.
+class StandInOtherPoint : public Counted<IConnectionPoint> {
+ public:
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* events) override {
+    *events = IID_IPropertyNotifySink;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown*, DWORD*) override { return CONNECT_E_CANNOTCONNECT; }
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD) override { return CONNECT_E_NOCONNECTION; }
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
+};
+
+class StandInPoints : public Counted<IEnumConnectionPoints> {
+ public:
+  explicit StandInPoints(std::vector<ComPtr<IConnectionPoint>> points) : points_(std::move(points)) {}
+  HRESULT STDMETHODCALLTYPE Next(ULONG count, IConnectionPoint** points, ULONG*) override {
+    if (count != 1 || next_ == points_.size()) return S_FALSE;
+    *points = points_[next_++].Get();
+    (*points)->AddRef();
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Skip(ULONG) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints**) override { return E_NOTIMPL; }
+
+ private:
+  std::vector<ComPtr<IConnectionPoint>> points_;
+  std::size_t next_ = 0;
+};
+
 }  // namespace
 
 StandInDocument::StandInDocument(const std::shared_ptr<IBridgeDocument>& scripted)
@@ -77,8 +136,11 @@ HRESULT StandInDocument::QueryInterface(REFIID identifier, void** object) {
   return S_OK;
 }
 
-HRESULT StandInDocument::EnumConnectionPoints(IEnumConnectionPoints**) {
-  return E_NOTIMPL;
+HRESULT StandInDocument::EnumConnectionPoints(IEnumConnectionPoints** points) {
+  *points =
+      new StandInPoints({ComPtr<IConnectionPoint>(new StandInOtherPoint), ComPtr<IConnectionPoint>(this)});
+  (*points)->AddRef();
+  return S_OK;
 }
 
 HRESULT StandInDocument::FindConnectionPoint(REFIID events, IConnectionPoint** point) {

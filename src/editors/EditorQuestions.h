@@ -13,6 +13,11 @@ namespace qb {
 struct EditorQuestions {
   /// A new bridge; nothing where there is no office.
   std::function<std::shared_ptr<IBridge>()> newDocumentBridge;
+  /// A package with documents for the bridge has been opened: what is slow to start may start, without a
+  /// wait.
+  std::function<void()> prepareOffice;
+  /// The program ends, and what it started for its documents with it.
+  std::function<void()> endOffice;
   /// A new parser of HTML files.
   std::function<std::shared_ptr<IHtmlParser>()> newHtmlParser;
 };

@@ -8,6 +8,7 @@
 #include "platform/Dde.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
+#include "platform/HelperPrograms.h"
 #include "platform/ProfileFiles.h"
 #include "platform/Registry.h"
 #include "platform/Shell.h"
@@ -22,6 +23,7 @@ struct Platform {
   std::unique_ptr<Registry> registry;
   std::unique_ptr<ProfileFiles> profiles;
   std::unique_ptr<Shell> shell;
+  std::unique_ptr<HelperPrograms> helpers;
   std::unique_ptr<MessageBoxes> messageBoxes;
   std::unique_ptr<FileDialogs> fileDialogs;
   std::unique_ptr<Clipboard> clipboard;

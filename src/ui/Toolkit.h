@@ -10,6 +10,14 @@ namespace qb {
 /// Ends the process: thrown by toolkits that let the stack unwind. No failure, so no handler takes it.
 struct ProcessEnded {};
 
+/// A part of the screen in its own pixels.
+struct ScreenArea {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+};
+
 /// Brings forms to life. Message boxes, file dialogs, clipboard and mouse pointer are in the platform.
 class Toolkit {
  public:
@@ -29,6 +37,10 @@ class Toolkit {
   virtual void PopupMenu(MenuItem& menu) = 0;
   virtual void SetFocus(VisibleControl& control) = 0;
   virtual void ProcessPendingEvents() = 0;
+  /// Keeps the windows drawn while a command waits for another program. Takes no input and ticks no timer.
+  virtual void KeepAlive() = 0;
+  /// The screen that the program's window is on, without what the desktop keeps for itself.
+  virtual ScreenArea WorkArea() = 0;
   /// Ends the process. Does not return.
   [[noreturn]] virtual void EndProcess() = 0;
 };

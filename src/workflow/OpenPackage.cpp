@@ -3,6 +3,7 @@
 #include <array>
 #include <new>
 
+#include "editors/EditorQuestions.h"
 #include "foundation/OrbQBCommonFunctionsMod.h"
 #include "foundation/Product.h"
 #include "foundation/gRvdFile.h"
@@ -108,6 +109,14 @@ void FinishOpening(const std::string& file) {
   }
 }
 
+/// Lets an office come up meanwhile, if the package has documents for one.
+void PrepareOffice() {
+  if (!gEditorQuestions.prepareOffice || gLoios == nullptr) return;
+  for (std::size_t i = 1; i <= gLoios->Count(); ++i) {
+    if (gLoios->Item(i)->hasDocumentBridge()) return gEditorQuestions.prepareOffice();
+  }
+}
+
 void Open(std::string_view path) {
   const std::string file = path.empty() ? GetPxfFile() : std::string(path);
   if (file.empty() || !FindPackage(file)) return;
@@ -119,6 +128,7 @@ void Open(std::string_view path) {
   if (loaded) {
     FinishOpening(file);
     if (!changeable) TakeRefusedWrite();
+    PrepareOffice();
   } else {
     DropDocuments();
     gPxfFile.reset();

@@ -1,3 +1,4 @@
+#include "editors/EditorQuestions.h"
 #include "foundation/Product.h"
 #include "foundation/gRvdError.h"
 #include "platform/Platform.h"
@@ -28,6 +29,7 @@ void int_Quit() {
     gEditorSlots.reset();
     gPxfFile.reset();
     gMessageHandler.reset();
+    if (gEditorQuestions.endOffice) gEditorQuestions.endOffice();
     gTrace.reset();
     TheToolkit().EndProcess();
   });

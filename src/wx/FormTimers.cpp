@@ -1,5 +1,7 @@
 #include "wx/FormTimers.h"
 
+#include "wx/KeepAlive.h"
+
 namespace qb {
 
 FormTimers::FormTimers(Form& form) {
@@ -20,7 +22,7 @@ void FormTimers::Stop() {
 void FormTimers::Ticker::Notify() {
   // A copy: a tick may unload the form, and this with it.
   const std::function<void()> tick = timer_.Tick;
-  if (timer_.Enabled && tick) tick();
+  if (timer_.Enabled && tick && !IsKeptAlive()) tick();
 }
 
 void FormTimers::Ticker::Follow() {

@@ -2,6 +2,7 @@
 
 #include <wx/app.h>
 #include <wx/clipbrd.h>
+#include <wx/display.h>
 #include <wx/menu.h>
 #include <wx/toplevel.h>
 #include <wx/utils.h>
@@ -12,6 +13,7 @@
 
 #include "foundation/EventLoop.h"
 #include "ui/Forms.h"
+#include "wx/KeepAlive.h"
 #include "wx/MenuRenderer.h"
 #include "wx/SessionEnd.h"
 #include "wx/WxClipboard.h"
@@ -139,7 +141,23 @@ void WxToolkit::ProcessPendingEvents() {
   wxMilliSleep(kPauseMilliseconds);
 }
 
+void WxToolkit::KeepAlive() {
+  ApplyAllChanges();
+  DrawWithoutInput();
+}
+
+ScreenArea WxToolkit::WorkArea() {
+  const wxWindow* const window = wxTheApp->GetTopWindow();
+  const int found = window == nullptr ? wxNOT_FOUND : wxDisplay::GetFromWindow(window);
+  const wxRect area = wxDisplay(found == wxNOT_FOUND ? 0U : static_cast<unsigned>(found)).GetClientArea();
+  return {area.x, area.y, area.width, area.height};
+}
+
 void WxToolkit::EndSession() {
+  if (IsKeptAlive()) {
+    wxTheApp->CallAfter([this] { EndSession(); });  // when the command that waits has ended
+    return;
+  }
   for (Form* form : TheForms().Loaded()) {
     if (Find(*form) != nullptr) Unload(*form, Form::kUnloadByTaskManager);
   }

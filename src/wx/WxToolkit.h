@@ -25,6 +25,8 @@ class WxToolkit : public Toolkit {
   /// Processes what is pending and waits a few milliseconds for more, so that a loop around it leaves the
   /// processor to others.
   void ProcessPendingEvents() override;
+  void KeepAlive() override;
+  ScreenArea WorkArea() override;
   [[noreturn]] void EndProcess() override;
 
   /// Asks every shown form to go since the session ends.

@@ -22,6 +22,10 @@ class ScriptedToolkit : public Toolkit {
   void SetFocus(VisibleControl& control) override;
   /// Ticks the splash's timer while it is shown.
   void ProcessPendingEvents() override;
+  void KeepAlive() override {
+    if (whileWaiting) whileWaiting();
+  }
+  ScreenArea WorkArea() override { return workArea; }
   [[noreturn]] void EndProcess() override { throw ProcessEnded{}; }
 
   void WhileNextModal(std::function<void(Form&)> play) { modals_.push_back(std::move(play)); }
@@ -29,6 +33,9 @@ class ScriptedToolkit : public Toolkit {
   /// Everything in order, as "show frmSplash", "focus TransPackTree", "popup mniComponents", ...
   std::vector<std::string> calls;
   int repaints = 0;
+  ScreenArea workArea{0, 30, 1600, 970};
+  /// Runs whenever a command that waits for another program keeps the windows drawn.
+  std::function<void()> whileWaiting;
   /// Looks at a form whenever it is drawn anew.
   std::function<void(Form&)> onRepaint;
 

@@ -24,6 +24,8 @@ class TerminalToolkit : public Toolkit {
   void PopupMenu(MenuItem&) override {}
   void SetFocus(VisibleControl&) override {}
   void ProcessPendingEvents() override;
+  void KeepAlive() override {}
+  ScreenArea WorkArea() override { return {}; }
   [[noreturn]] void EndProcess() override;
 
  private:

@@ -8,6 +8,7 @@
 
 #include "editors/EditorQuestions.h"
 #include "editors/gumbo/GumboHtmlParser.h"
+#include "editors/libreoffice/OfficeBridge.h"
 #include "foundation/Product.h"
 #include "foundation/gRvdError.h"
 #include "platform/HostPlatform.h"
@@ -33,6 +34,7 @@ class TranslatorApp : public wxApp {
     auto platform = qb::MakeHostPlatform();
     qb::AddWxDesktop(*platform);
     qb::InstallPlatform(std::move(platform));
+    qb::InstallOfficeBridge();
     qb::gEditorQuestions.newHtmlParser = qb::MakeGumboHtmlParser;
     qb::InstallToolkit(std::make_unique<qb::WxToolkit>());
     CallAfter([this] { Run(); });

@@ -15,6 +15,8 @@ class FileDescriptor {
   FileDescriptor() = default;
   /// Opens `native`, closed in programs that are started. `Get` is -1 and errno is set if that failed.
   FileDescriptor(const std::string& native, int flags, unsigned mode = 0);
+  /// Takes over a descriptor that is open.
+  explicit FileDescriptor(int number) : number_(number) {}
   FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
   FileDescriptor& operator=(FileDescriptor&& other) noexcept {
     std::swap(number_, other.number_);

@@ -7,6 +7,7 @@
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxDde.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/LinuxHelperPrograms.h"
 #include "platform/linux/LinuxShell.h"
 #include "platform/linux/LinuxTextCodec.h"
 
@@ -39,6 +40,7 @@ std::unique_ptr<Platform> MakeHostPlatform(const HostPlatformOptions& options) {
   platform->registry = std::make_unique<HiveRegistry>(options.configurationFolder);
   platform->profiles = std::make_unique<LinuxProfileFiles>(options);
   platform->shell = std::make_unique<LinuxShell>(options.root, options.configurationFolder);
+  platform->helpers = std::make_unique<LinuxHelperPrograms>(options.root);
   platform->clock = std::make_unique<LinuxClock>();
   platform->environment = std::make_unique<LinuxEnvironment>();
   platform->windows = std::make_unique<LinuxApplicationWindows>();

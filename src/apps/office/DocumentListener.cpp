@@ -2,8 +2,11 @@
 
 #include <com/sun/star/document/XDocumentEventBroadcaster.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+#include <iostream>
 #include <utility>
 
+#include "apps/office/CustomTitle.h"
+#include "apps/office/DocumentLinks.h"
 #include "apps/office/Uno.h"
 #include "apps/office/UnoText.h"
 
@@ -12,8 +15,13 @@ namespace qb::office {
 namespace document = com::sun::star::document;
 namespace lang = com::sun::star::lang;
 
-DocumentListener::DocumentListener(int document, std::string path, Happenings& happenings)
-    : document_(document), path_(std::move(path)), happenings_(happenings) {
+DocumentListener::DocumentListener(int document, std::string path, std::string kind, std::string copy,
+                                   Happenings& happenings)
+    : document_(document),
+      path_(std::move(path)),
+      kind_(std::move(kind)),
+      copy_(std::move(copy)),
+      happenings_(happenings) {
 }
 
 void DocumentListener::Listen(const Reference<com::sun::star::frame::XModel>& model) {
@@ -27,11 +35,25 @@ void DocumentListener::documentEventOccured(const document::DocumentEvent& event
     isOwnFile_ = model.is() && IsSameFile(FilePath(model->getURL()), path_);
   }
   if ((event.EventName == "OnSaveDone" || event.EventName == "OnSaveAsDone") && isOwnFile_) {
+    ++saves_;
     happenings_.Push({Happening::Kind::kSaved, document_});
   }
 }
 
-void DocumentListener::queryClosing(const lang::EventObject& /*source*/, sal_Bool /*owns*/) {
+void DocumentListener::queryClosing(const lang::EventObject& source, sal_Bool /*owns*/) {
+  // Who saves at the close leaves nobody the time to ask.
+  if (known_ == saves_) return;
+  const Reference<com::sun::star::frame::XModel> model(source.Source, UNO_QUERY);
+  if (!model.is()) return;
+  try {
+    LastWords last;
+    last.title = CustomTitle(model);
+    StoreForLinks(model, kind_, copy_);
+    last.copy = copy_;
+    last_ = last;
+  } catch (const com::sun::star::uno::Exception& failure) {
+    std::cerr << path_ << " could not be read at its close: " << ToUtf8(failure.Message) << std::endl;
+  }
 }
 
 void DocumentListener::notifyClosing(const lang::EventObject& /*source*/) {

@@ -5,21 +5,36 @@
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/util/XCloseListener.hpp>
 #include <cppuhelper/implbase2.hxx>
+#include <optional>
 #include <string>
 
 #include "apps/office/Happenings.h"
 
 namespace qb::office {
 
+/// What a document said when it was closed.
+struct LastWords {
+  std::optional<std::string> title;
+  std::string copy;  ///< a file as `StoreForLinks` writes it; empty if there is nothing to be known
+};
+
 /// Tells what becomes of one document. The office calls it on threads of its own.
 class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::XDocumentEventListener,
                                                       com::sun::star::util::XCloseListener> {
  public:
-  /// `happenings` outlives the line to the office.
-  DocumentListener(int document, std::string path, Happenings& happenings);
+  /// `happenings` outlives the line to the office. `copy` is where the document may write its last words.
+  DocumentListener(int document, std::string path, std::string kind, std::string copy,
+                   Happenings& happenings);
 
   /// Begins to listen; only inside a call on the office's main thread.
   void Listen(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& model);
+
+  /// How often it was saved.
+  int Saves() const { return saves_; }
+  /// The program knows what the first `saves` saves left, which need no last words.
+  void NoteKnown(int saves) { known_ = saves; }
+  /// What its last save left, of a document that is closed and was not asked since.
+  const LastWords& Last() const { return last_; }
 
   void SAL_CALL documentEventOccured(const com::sun::star::document::DocumentEvent& event) override;
   void SAL_CALL queryClosing(const com::sun::star::lang::EventObject& source, sal_Bool owns) override;
@@ -29,10 +44,16 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
  private:
   const int document_;
   const std::string path_;
+  const std::string kind_;
+  const std::string copy_;
   Happenings& happenings_;
   /// False after the user has stored the document under another name: from then on it is another file's.
   std::atomic<bool> isOwnFile_ = true;
   std::atomic<bool> isClosed_ = false;
+  std::atomic<int> saves_ = 0;
+  std::atomic<int> known_ = 0;
+  /// Written before the close is told, read behind it.
+  LastWords last_;
 };
 
 }  // namespace qb::office

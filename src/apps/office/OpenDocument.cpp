@@ -56,7 +56,7 @@ std::string Kind(const Reference<frame::XModel>& model) {
 }  // namespace
 
 OpenDocument Open(const OfficeConnection& office, int number, const std::string& path, bool readOnly,
-                  Happenings& happenings) {
+                  const std::string& copy, Happenings& happenings) {
   CheckNotOpenHere(office.Desktop(), path);
   const FileType type = DetectFileType(office.Context(), path);
   if (!readOnly && !type.isWritable) {
@@ -86,7 +86,7 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
       throw Failure("unsupported", path + " is a kind of document that is not edited here");
     throw Failure("locked", path + " can only be read at present");
   }
-  opened.listener.set(new DocumentListener(number, path, happenings));
+  opened.listener.set(new DocumentListener(number, path, opened.kind, copy, happenings));
   opened.listener->Listen(opened.model);
   return opened;
 }

@@ -91,7 +91,10 @@ void Service::TellHappenings() {
     if (!documents_.contains(happening.document)) continue;
     const bool isClosed = happening.kind == Happening::Kind::kClosed;
     WriteLine({{"event", isClosed ? "closed" : "saved"}, {"document", happening.document}});
-    if (isClosed) documents_.erase(happening.document);
+    if (!isClosed) continue;
+    const auto closed = documents_.extract(happening.document);
+    if (!closed.mapped().listener->Last().copy.empty())
+      closed_.insert_or_assign(closed.key(), closed.mapped());
   }
 }
 
@@ -122,8 +125,8 @@ json Service::OpenFile(const json& arguments) {
   CheckFile(path, !readOnly);
   const int number = ++lastNumber_;
   const auto opened = std::make_shared<OpenDocument>();
-  Run([&office = office_, &happenings = happenings_, number, path, readOnly,
-       opened] { *opened = Open(office, number, path, readOnly, happenings); },
+  Run([&office = office_, &happenings = happenings_, number, path, readOnly, copy = CopyOf(number),
+       opened] { *opened = Open(office, number, path, readOnly, copy, happenings); },
       [opened] { CloseAsItIs(*opened); });
   documents_.emplace(number, *opened);
   return {{"document", number}, {"kind", opened->kind}};
@@ -131,7 +134,9 @@ json Service::OpenFile(const json& arguments) {
 
 json Service::Title(const json& arguments) {
   const auto title = std::make_shared<std::optional<std::string>>();
-  Run([model = Document(arguments.at("document")).model, title] { *title = CustomTitle(model); });
+  const bool isOpen = RunIn(arguments.at("document"),
+                            [title](const OpenDocument& document) { *title = CustomTitle(document.model); });
+  if (!isOpen) *title = closed_.at(arguments.at("document")).listener->Last().title;
   return {{"title", *title ? json(**title) : json()}};
 }
 
@@ -145,18 +150,29 @@ json Service::SetTitle(const json& arguments) {
 }
 
 json Service::ReadLinksOf(const json& arguments) {
-  const OpenDocument document = Document(arguments.at("document"));
-  const std::string copy = folder_ + "/links-" + std::to_string(document.number) + ".xml";
+  const int number = arguments.at("document");
+  const std::string copy = CopyOf(number);
+  const auto saves = std::make_shared<int>(0);
+  const auto store = [copy, saves](const OpenDocument& document) {
+    *saves = document.listener->Saves();
+    StoreForLinks(document.model, document.kind, copy);
+  };
   try {
-    Run([model = document.model, kind = document.kind, copy] { StoreForLinks(model, kind, copy); },
-        [copy] { RemoveFile(copy); });
+    if (!RunIn(number, store)) return LinksIn(closed_.at(number), copy);
   } catch (const Failure&) {
     RemoveFile(copy);
     throw;
   }
-  const std::string xml = ReadFile(copy);
+  const auto document = documents_.find(number);
+  if (document == documents_.end()) throw Failure("no-document", "The document is not open any more");
+  document->second.listener->NoteKnown(*saves);
+  json answer = LinksIn(document->second, copy);
   RemoveFile(copy);
-  Links found = ReadLinks(xml);
+  return answer;
+}
+
+json Service::LinksIn(const OpenDocument& document, const std::string& copy) {
+  Links found = ReadLinks(ReadFile(copy));
   const auto putRight = [&document, &copy](std::vector<std::string>& addresses) {
     for (std::string& address : addresses) address = AddressIn(document.path, copy, address);
   };
@@ -203,6 +219,8 @@ json Service::Quit() {
   for (const auto& [number, document] : documents_) numbers.push_back(number);
   for (const int number : numbers) CloseOne(number);
   // What an earlier helper left behind belongs to the user.
+  for (const auto& [number, document] : closed_) RemoveFile(CopyOf(number));
+  closed_.clear();
   if (!HasDocuments()) EndOffice();
   return json::object();
 }
@@ -212,6 +230,24 @@ const OpenDocument& Service::Document(const json& number) {
   const auto found = documents_.find(number.get<int>());
   if (found == documents_.end()) throw Failure("no-document", "The document is not open any more");
   return found->second;
+}
+
+bool Service::RunIn(int number, const std::function<void(const OpenDocument&)>& work) {
+  TellHappenings();
+  if (closed_.contains(number)) return false;
+  try {
+    Run([document = Document(number), work] { work(document); });
+    return true;
+  } catch (const Failure&) {
+    // The user may have been quicker.
+    TellHappenings();
+    if (!closed_.contains(number)) throw;
+    return false;
+  }
+}
+
+std::string Service::CopyOf(int number) const {
+  return folder_ + "/links-" + std::to_string(number) + ".xml";
 }
 
 void Service::CloseOne(int number) {

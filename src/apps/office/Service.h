@@ -44,6 +44,10 @@ class Service {
   nlohmann::json Quit();
 
   const OpenDocument& Document(const nlohmann::json& number);
+  /// Runs `work` for a document on the office's main thread. False if it was closed and has said last words.
+  bool RunIn(int number, const std::function<void(const OpenDocument&)>& work);
+  std::string CopyOf(int number) const;
+  static nlohmann::json LinksIn(const OpenDocument& document, const std::string& copy);
   void CloseOne(int number);
   bool TryToClose(const OpenDocument& document);
   void Run(std::function<void()> work, std::function<void()> undo = {});
@@ -55,6 +59,7 @@ class Service {
   const std::string folder_;
   const std::chrono::milliseconds patience_;
   std::map<int, OpenDocument> documents_;
+  std::map<int, OpenDocument> closed_;  ///< those that have said last words
   int lastNumber_ = 0;
 };
 

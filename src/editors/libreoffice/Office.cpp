@@ -126,7 +126,8 @@ void Office::Arrange(const OfficeGroup& group, std::int32_t style) {
 
 Json Office::Ask(std::string_view call, const OfficeDocument& document, Json arguments) {
   if (document.loss != losses_) {
-    throw RuntimeError(failure::kOwn, std::string(kModule), "'" + document.path + "' has gone with its LibreOffice.");
+    throw RuntimeError(failure::kOwn, std::string(kModule),
+                       "'" + document.path + "' has gone with its LibreOffice.");
   }
   arguments["document"] = document.number;
   return Call(call, std::move(arguments));

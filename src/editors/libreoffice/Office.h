@@ -17,8 +17,8 @@ namespace qb {
 struct OfficeDocument {
   std::int64_t number = 0;
   std::string path;
-  std::string kind;     ///< "text", "presentation", "drawing" or "web"
-  bool closed = false;  ///< the office has closed it; whoever holds it may not have been told yet
+  std::string kind;       ///< "text", "presentation", "drawing" or "web"
+  bool closed = false;    ///< the office has closed it; whoever holds it may not have been told yet
   std::int64_t loss = 0;  ///< how many offices had been lost when it was opened
   std::weak_ptr<IBridgeDocument> holder;
 };

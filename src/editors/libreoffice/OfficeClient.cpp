@@ -104,7 +104,8 @@ void OfficeClient::Start() {
                                           options_.limits.line);
   ended_ = process_ == nullptr;
   runs_ = !ended_;
-  Trace(2, kModule, "Start", "{} with {}: {}", options_.helper, ProfileToStart(), runs_ ? "started" : "not started");
+  Trace(2, kModule, "Start", "{} with {}: {}", options_.helper, ProfileToStart(),
+        runs_ ? "started" : "not started");
   if (!runs_) loss_ = "LibreOffice could not be started.";
   for (const Request& request : unanswered_) {
     if (runs_) process_->Send(request.line);
@@ -181,9 +182,6 @@ void OfficeClient::End() {
   process_->Send(LineOf(++lastId_, "quit", Json::object()));
   const auto start = SteadyClock::now();
   while (!ended_ && Since(start) < options_.limits.end) process_->Wait(Number(options_.limits.slice));
-  process_.reset();
-  if (runs_) Lose("LibreOffice has been ended.");
-  ended_ = true;
 }
 
 void OfficeClient::TakeLine(std::string_view line) {

@@ -36,7 +36,8 @@ class OfficeClient : public std::enable_shared_from_this<OfficeClient> {
   /// The answer to a request. The windows stay drawn meanwhile. Raises the text of an answer that is an
   /// error, and that the helper is gone or hangs, which ends it.
   nlohmann::json Call(std::string_view call, nlohmann::json arguments);
-  /// Asks the helper to end, waits a while for it and kills it then.
+  /// Asks the helper to end and waits a while for it. One that takes longer finds the end of the program by
+  /// itself, and leaves a document that it cannot close to its user.
   void End();
 
   /// Whether a call waits for its answer.

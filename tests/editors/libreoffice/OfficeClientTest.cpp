@@ -141,7 +141,7 @@ TEST_F(OfficeClientTest, TheHelperIsAskedToEndAndWaitedFor) {
   EXPECT_THAT(Calls(), ElementsAre("open", "quit"));
 }
 
-TEST_F(OfficeClientTest, AHelperThatDoesNotEndIsKilledInTheEnd) {
+TEST_F(OfficeClientTest, AHelperThatDoesNotEndIsNotWaitedForForEver) {
   limits_.end = milliseconds(100);
   Script({kReady, "serve 1"});
   OpenOne();

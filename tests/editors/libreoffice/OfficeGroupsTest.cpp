@@ -302,8 +302,8 @@ TEST_F(OfficeGroupsTest, NumbersOfANewOfficeAreNotThoseOfTheOldOne) {
 }
 
 TEST_F(OfficeGroupsTest, AClosedDocumentCanStillBeAskedForWhatItsSaveLeft) {
-  Script({kReady, "serve 1", "await go", R"({"event":"saved","document":1})", R"({"event":"closed","document":1})",
-          "serve"});
+  Script({kReady, "serve 1", "await go", R"({"event":"saved","document":1})",
+          R"({"event":"closed","document":1})", "serve"});
   const auto document = Open(*AddGroup(kA), kA);
   document->OnPostLocalSave = [&] {
     events_.push_back("saved with " + std::to_string(document->Hyperlinks()->Count()));

@@ -66,8 +66,9 @@ TEST_F(OfficeSessionTest, ADocumentIsOpenedBesideItsSource) {
 }
 
 TEST_F(OfficeSessionTest, ASaveBringsTitleAndLinksIntoThePackage) {
-  Script({kReady, "until arrange", "await go", kSaved, "on title", R"({"id":$id,"result":{"title":"New title"}})",
-          "on links", R"({"id":$id,"result":{"links":["http://a","http://b"]}})", "serve"});
+  Script({kReady, "until arrange", "await go", kSaved, "on title",
+          R"({"id":$id,"result":{"title":"New title"}})", "on links",
+          R"({"id":$id,"result":{"links":["http://a","http://b"]}})", "serve"});
   OpenPackage();
   ASSERT_TRUE(Translate());
   Signal("go");
@@ -134,10 +135,12 @@ TEST_F(OfficeSessionTest, ADocumentThatTheUserHasOpenInAnOfficeOfHisOwnIsNotOpen
 
 TEST_F(OfficeSessionTest, AnErrorOfTheOfficeEndsInTheErrorOfTheProgramAndIsInTheProtocol) {
   Script({kReady, "serve 1", "on open",
-          R"({"id":$id,"error":{"code":"encrypted","text":"The document is protected by a password."}})", "serve"});
+          R"({"id":$id,"error":{"code":"encrypted","text":"The document is protected by a password."}})",
+          "serve"});
   OpenPackage();
   EXPECT_FALSE(Translate());
-  EXPECT_THAT(Boxes().Shown().back().text, HasSubstr("Source document or translation document does not exist"));
+  EXPECT_THAT(Boxes().Shown().back().text,
+              HasSubstr("Source document or translation document does not exist"));
   EXPECT_THAT(Bytes(R"(\pkg\Protocol.txt)"), HasSubstr("protected by a password"));
   EXPECT_EQ("UNCHANGED", Progress());
 }

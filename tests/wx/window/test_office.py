@@ -1,0 +1,105 @@
+"""Documents of the sample package go their road through the real office, by keyboard."""
+
+import unittest
+
+import desktop
+import office
+import road
+from case import WindowCase
+
+WORD = "AQ40_INBETRIEBNAHME"
+WORD_FILE = "inbetriebnahme.doc"
+SLIDES = "AQ_SCHULUNG"
+SLIDES_FILE = "schulung.ppt"
+PAGE = "AQ_UEBERSICHT"
+PAGE_FILE = "uebersicht.html"
+CHANGED = "MODIFIED_C_UNCHANGED_T"
+
+
+class OfficeTest(WindowCase):
+    def setUp(self):
+        super().setUp()
+        self.addCleanup(office.end_all)
+        self.start_with_sample()
+
+    def translate(self, document, name):
+        self.program.focus_window()
+        self.program.select(document)
+        desktop.keys("ctrl+t")
+        return office.Pair(name)
+
+    def progress(self, state, document=WORD):
+        road.wait_for_progress(self.package, document, state)
+
+    def links(self):
+        """The addresses that the package holds for the Word document's translation."""
+        section = self.package_value("1ADDSECTION", WORD)
+        values, here = {}, False
+        for line in self.package.read_text("cp1252").splitlines():
+            if line.startswith("["):
+                here = line == f"[{section}]"
+            elif here:
+                name, _, text = line.partition("=")
+                values[name] = text
+        return [values[f"{number}VALUE"] for number in range(1, int(values.get("COUNT", "0")) + 1)]
+
+    def test_document_is_edited_beside_its_source_saved_and_closed(self):
+        before = self.package_value("PROGRESS", WORD)
+        pair = self.translate(WORD, WORD_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
+        pair.write("Translated words ")
+        desktop.picture("office-1-source-and-translation")
+        pair.save()
+        self.progress(CHANGED)
+        self.assertNotEqual(before, CHANGED)
+        desktop.wait_until(lambda: self.links(), "links in the package")
+        pair.close(pair.translation)
+        pair.wait_until_gone()
+        self.progress(CHANGED)
+
+    def test_document_is_saved_at_its_close(self):
+        pair = self.translate(WORD, WORD_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
+        pair.write("Saved late ")
+        pair.close(pair.translation)
+        desktop.wait_until(lambda: desktop.windows_named("^Save Document"), "question of the office")
+        desktop.keys("Return")
+        pair.wait_until_gone()
+        self.progress(CHANGED)
+        self.assertTrue(self.links())
+
+    def test_three_documents_are_out_until_the_program_ends(self):
+        names = {WORD: WORD_FILE, SLIDES: SLIDES_FILE, PAGE: PAGE_FILE}
+        pairs = [self.translate(document, name) for document, name in names.items()]
+        pairs[0].write("Kept at the end ")
+        self.program.focus_window()
+        desktop.keys("ctrl+q")
+        self.program.wait_for_box("Do you really want to quit")
+        self.program.answer("Yes")
+        self.assertEqual(self.program.wait_for_end(), 0)
+        for pair in pairs:
+            pair.wait_until_gone()
+        self.progress(CHANGED)
+        desktop.wait_until(lambda: not office.processes(), "end of the office")
+
+    def test_close_of_the_source_closes_its_translation(self):
+        before = self.package_value("PROGRESS", WORD)
+        pair = self.translate(WORD, WORD_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
+        pair.close(pair.source)
+        pair.wait_until_gone()
+        self.progress(before)
+
+    def test_document_comes_back_from_an_office_that_dies_and_goes_out_again(self):
+        before = self.package_value("PROGRESS", WORD)
+        self.translate(WORD, WORD_FILE)
+        office.kill_office()
+        self.progress(before)
+        pair = self.translate(WORD, WORD_FILE)
+        pair.close(pair.translation)
+        pair.wait_until_gone()
+        self.progress(before)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

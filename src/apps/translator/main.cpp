@@ -8,7 +8,6 @@
 
 #include "editors/EditorQuestions.h"
 #include "editors/gumbo/GumboHtmlParser.h"
-#include "editors/libreoffice/OfficeBridge.h"
 #include "foundation/Product.h"
 #include "foundation/gRvdError.h"
 #include "platform/HostPlatform.h"
@@ -17,6 +16,9 @@
 #include "wx/CommandTail.h"
 #include "wx/WxText.h"
 #include "wx/WxToolkit.h"
+#ifndef _WIN32
+#include "editors/libreoffice/OfficeBridge.h"
+#endif
 
 namespace {
 
@@ -34,7 +36,9 @@ class TranslatorApp : public wxApp {
     auto platform = qb::MakeHostPlatform();
     qb::AddWxDesktop(*platform);
     qb::InstallPlatform(std::move(platform));
+#ifndef _WIN32
     qb::InstallOfficeBridge();
+#endif
     qb::gEditorQuestions.newHtmlParser = qb::MakeGumboHtmlParser;
     qb::InstallToolkit(std::make_unique<qb::WxToolkit>());
     CallAfter([this] { Run(); });

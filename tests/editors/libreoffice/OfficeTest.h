@@ -13,7 +13,7 @@
 
 namespace qb {
 
-/// The bridge over LibreOffice with a helper that plays scripts: see tests/support/fake_office. Time limits
+/// The bridge over LibreOffice with a helper that plays scripts: see fake/FakeOffice.cpp. Time limits
 /// are short.
 class OfficeTest : public WorkflowTest {
  protected:

@@ -33,10 +33,9 @@ class EncodedText {
   std::string_view bytes_;
 };
 
-/// A default comes back without the blanks at its end.
+/// A default comes back without the blanks at its end and, as a value does, without its pair of quotes.
 std::string_view DefaultAnswer(std::string_view defaultValue) {
-  while (!defaultValue.empty() && defaultValue.back() == ' ') defaultValue.remove_suffix(1);
-  return defaultValue;
+  return Unquoted(TrimRight(defaultValue));
 }
 
 }  // namespace
@@ -107,7 +106,8 @@ bool CachedProfileFiles::WritePrivateProfileString(std::string_view section,
   ProfileChange change{sectionBytes.Bytes(), {}, {}};
   if (key) change.key = keyBytes.Bytes();
   if (value) change.value = valueBytes.Bytes();
-  const std::string_view objection = ProfileImage::Objection(change);
+  const std::string_view objection =
+      profile.Image().IsMarkedAsUtf16() ? "the file is in UTF-16" : ProfileImage::Objection(change);
   if (!objection.empty()) {
     Refuse(path, objection);
     return false;
@@ -124,7 +124,9 @@ bool CachedProfileFiles::WritePrivateProfileString(std::string_view section,
 std::string CachedProfileFiles::GetPrivateProfileSectionNames(std::size_t size, std::string_view path) {
   const HeldProfile& profile = Fresh(path);
   std::string names;
-  for (const std::string_view name : profile.Image().SectionNames()) names.append(name).push_back('\0');
+  for (const std::string_view name : profile.Image().SectionNames()) {
+    if (!name.empty()) names.append(name).push_back('\0');  // an empty one would end the list
+  }
   if (!IsAscii(names)) names = codec_.Decode(names, profile.TextCodePage());
   names.resize(FirstCharacters(names, size < 2 ? 0 : size - 2).size());
   names.push_back('\0');

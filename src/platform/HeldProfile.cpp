@@ -45,7 +45,7 @@ void HeldProfile::Load(const std::optional<FileStamp>& stamp) {
   image_ = {};  // gives the room back before the file is read again
   young_ = stamp && IsYoung(*stamp);
   if (stamp) image_ = ProfileImage(files_.Read(path_));
-  codePage_ = chooser_(image_);
+  codePage_ = image_.IsMarkedAsUtf8() ? kUtf8 : chooser_(image_);
   image_.SetFolding([&codec = codec_, page = codePage_](std::string_view name) {
     return UpperCase(codec.Decode(name, page));
   });

@@ -12,7 +12,7 @@
 
 namespace qb {
 
-/// Tells the code page of a profile file by what the file says.
+/// Tells the code page of a profile file by what the file says. Not asked for one that is marked as UTF-8.
 using CodePageChooser = std::function<CodePage(const ProfileImage&)>;
 
 /// One profile file held parsed: the file as it is on the disk, and the changes that have not got there yet.

@@ -34,8 +34,8 @@ class ProfileFiles {
   virtual bool WritePrivateProfileString(std::string_view section, std::optional<std::string_view> key,
                                          std::optional<std::string_view> value, std::string_view path) = 0;
 
-  /// The names of all sections in file order, each followed by a NUL, cut to `size` - 2 characters, and one
-  /// more NUL at the end.
+  /// The names of all sections that have one, in file order, each followed by a NUL, cut to `size` - 2
+  /// characters, and one more NUL at the end.
   virtual std::string GetPrivateProfileSectionNames(std::size_t size, std::string_view path) = 0;
 
   /// Length of the file in bytes. Inside a batch that of the file as it will be written. Raises 53 if it is

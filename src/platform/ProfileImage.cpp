@@ -18,8 +18,37 @@ char AsciiUpper(char byte) {
 
 std::string_view LineEndOf(std::string_view line) {
   if (line.ends_with("\r\n")) return "\r\n";
-  return line.ends_with('\n') ? "\n" : "";
+  if (line.ends_with('\n')) return "\n";
+  return line.ends_with('\r') ? "\r" : "";
 }
+
+/// Cuts a file into lines. CR LF, LF and a CR alone end one.
+class LineReader {
+ public:
+  LineReader(std::string_view all, std::size_t start) : all_(all), next_(start) {}
+
+  bool AtEnd() const { return next_ >= all_.size(); }
+  /// The next line with its end.
+  std::string_view Take() {
+    const std::size_t start = next_;
+    // Looked for only when it is passed, so that a file of CR alone is not searched for each line.
+    if (!feedKnown_ || feed_ < start) {
+      feed_ = std::min(all_.find('\n', start), all_.size());
+      feedKnown_ = true;
+    }
+    const std::size_t carriage = all_.substr(start, feed_ - start).find('\r');
+    const bool endsAlone = carriage != std::string_view::npos && start + carriage + 1 != feed_;
+    const bool endsFile = carriage != std::string_view::npos && feed_ == all_.size();
+    next_ = endsAlone || endsFile ? start + carriage + 1 : std::min(feed_ + 1, all_.size());
+    return all_.substr(start, next_ - start);
+  }
+
+ private:
+  std::string_view all_;
+  std::size_t next_;
+  std::size_t feed_ = 0;
+  bool feedKnown_ = false;
+};
 
 /// Whether the line is spelled just `key=`. That is the usual case, and needs no parsing.
 bool IsSpelled(std::string_view line, std::string_view key) {
@@ -38,6 +67,10 @@ void ProfileImage::SetFolding(NameFolding folding) {
   lastSection_ = kNone;
 }
 
+bool ProfileImage::IsMarkedAsUtf16() const {
+  return text_.Original().starts_with("\xFF\xFE") || text_.Original().starts_with("\xFE\xFF");
+}
+
 void ProfileImage::Parse() {
   const std::string_view all = text_.Original();
   if (all.starts_with(kByteOrderMark)) markLength_ = kByteOrderMark.size();
@@ -45,12 +78,11 @@ void ProfileImage::Parse() {
   std::uint32_t filled = 0;
   Line header;
   bool lineEndKnown = false;
-  for (std::size_t start = markLength_; start < all.size();) {
-    const std::size_t feed = all.find('\n', start);
-    const std::size_t end = feed == std::string_view::npos ? all.size() : feed + 1;
-    const std::string_view bytes = all.substr(start, end - start);
-    if (feed != std::string_view::npos && !std::exchange(lineEndKnown, true)) lineEnd_ = LineEndOf(bytes);
-    Line line{static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(end - start), 0};
+  for (LineReader reader(all, markLength_); !reader.AtEnd();) {
+    const std::string_view bytes = reader.Take();
+    if (bytes.back() == '\n' && !std::exchange(lineEndKnown, true)) lineEnd_ = LineEndOf(bytes);
+    Line line{static_cast<std::uint32_t>(bytes.data() - all.data()), static_cast<std::uint32_t>(bytes.size()),
+              0};
     const ProfileLine parsed = ParseProfileLine(bytes);
     if (parsed.kind == ProfileLine::Kind::kSection) {
       sections_.emplace_back(header, lines, filled);
@@ -62,7 +94,6 @@ void ProfileImage::Parse() {
       lines.push_back(line);
       if (parsed.kind != ProfileLine::Kind::kBlank) filled = static_cast<std::uint32_t>(lines.size());
     }
-    start = end;
   }
   sections_.emplace_back(header, lines, filled);
 }
@@ -253,7 +284,7 @@ void ProfileImage::Rewrite(Line& line, std::string_view bytes) {
 }
 
 void ProfileImage::CloseLine(Line& line) {
-  if (line.length == 0 || text_.Of(line).ends_with('\n')) return;
+  if (line.length == 0 || !LineEndOf(text_.Of(line)).empty()) return;
   Rewrite(line, std::string(text_.Of(line)).append(lineEnd_));
 }
 

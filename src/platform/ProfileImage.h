@@ -40,6 +40,11 @@ class ProfileImage {
   /// Until this is called, only the ASCII letters match regardless of case.
   void SetFolding(NameFolding folding);
 
+  /// Whether the file says of itself, by the mark in front, that its texts are UTF-8.
+  bool IsMarkedAsUtf8() const { return markLength_ > 0; }
+  /// Whether it says that it is UTF-16, of which nothing is read here.
+  bool IsMarkedAsUtf16() const;
+
   /// The value without blanks around it and without its pair of quotes; nothing if section or key is missing
   /// or the line has no `=`.
   std::optional<std::string_view> Value(std::string_view section, std::string_view key) const;

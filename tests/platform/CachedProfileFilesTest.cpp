@@ -39,6 +39,12 @@ TEST_F(CachedProfileFilesTest, Read_Default_LosesTheBlanksAtItsEnd) {
   EXPECT_EQ(profiles_.GetPrivateProfileString("A", "K", "default", 4, kFile), "def");
 }
 
+TEST_F(CachedProfileFilesTest, Read_Default_LosesItsQuotesAsAValueDoes) {
+  EXPECT_EQ(profiles_.GetPrivateProfileString("A", "K", "\"d\" ", kRoom, kFile), "d");
+  EXPECT_EQ(profiles_.GetPrivateProfileString("A", "K", "' d'", kRoom, kFile), " d");
+  EXPECT_EQ(profiles_.GetPrivateProfileString("A", "K", " \"d\"", kRoom, kFile), " \"d\"");
+}
+
 TEST_F(CachedProfileFilesTest, Read_LongValue_IsCutToTheSizeLessOne) {
   Put(kFile, "[A]\r\nK=" + std::string(300, 'x') + "\r\n");
   EXPECT_EQ(Get("A", "K"), std::string(254, 'x'));
@@ -83,6 +89,32 @@ TEST_F(CachedProfileFilesTest, Chooser_SeesTheFile) {
   EXPECT_EQ(profiles.GetPrivateProfileString("GLOBAL", "TITLE", "", kRoom, kFile), "Пр");
   EXPECT_EQ(profiles.CodePageOf(kFile), 1251U);
   EXPECT_EQ(profiles.CodePageOf(kOther), 1252U);
+}
+
+TEST_F(CachedProfileFilesTest, FileMarkedAsUtf8_IsUtf8WhateverTheChooserSays) {
+  Put(kFile,
+      "\xEF\xBB\xBF[A]\r\nTITLE=Gr\xC3\xBC\xC3\x9F"
+      "e\r\n");
+  EXPECT_EQ(profiles_.CodePageOf(kFile), kUtf8);
+  EXPECT_EQ(Get("A", "TITLE"),
+            "Gr\u00FC\u00DF"
+            "e");
+  EXPECT_TRUE(Set("A", "TITLE", "\u00C4"));
+  EXPECT_EQ(Content(kFile), "\xEF\xBB\xBF[A]\r\nTITLE=\xC3\x84\r\n");
+}
+
+TEST_F(CachedProfileFilesTest, FileMarkedAsUtf16_HoldsNothingAndIsLeftAlone) {
+  const std::string bytes("\xFF\xFE[\0A\0]\0", 8);
+  Put(kFile, bytes);
+  EXPECT_EQ(Get("A", "K"), "-");
+  EXPECT_FALSE(Set("A", "K", "1"));
+  EXPECT_NE(profiles_.LastRefusal().find("UTF-16"), std::string::npos);
+  EXPECT_EQ(Content(kFile), bytes);
+}
+
+TEST_F(CachedProfileFilesTest, SectionNames_WithoutAName_AreLeftOut) {
+  Put(kFile, "[A]\r\n[]\r\n[B]\r\n");
+  EXPECT_EQ(profiles_.GetPrivateProfileSectionNames(kRoom, kFile), std::string("A\0B\0\0", 5));
 }
 
 TEST_F(CachedProfileFilesTest, SectionNames_EachWithANul) {

@@ -59,7 +59,7 @@ class Dice {
         line = std::string(Of(std::array{""sv, " "sv, "\t"sv})) + Key(keys) +
                std::string(Of(std::array{"="sv, " = "sv})) + std::string(Value());
     }
-    return line + std::string(Of(std::array{"\r\n"sv, "\r\n"sv, "\n"sv}));
+    return line + std::string(Of(std::array{"\r\n"sv, "\r\n"sv, "\n"sv, "\r"sv, "\r\r\n"sv}));
   }
 
   std::string File(std::size_t lines, std::size_t keys) {

@@ -92,6 +92,8 @@ const ReadCase kReadCases[] = {
     {"ValueUpToNul", "[A]\nK=v\0w\n"sv, "A", "K", "v"},
     {"ValueBehindALineWithNul", "[A]\nL=v\0w\nK=x\n"sv, "A", "K", "x"},
     {"EndOfTextFileMark", "[A]\r\nK=v\r\n\x1A", "A", "K", "v"},
+    {"CarriageReturnsAlone", "[A]\rK=v\rL=w\r", "A", "K", "v"},
+    {"CarriageReturnAloneInAMixedFile", "[A]\r\nK=v\rL=w\r\n", "A", "L", "w"},
     {"CarriageReturnsBeforeTheLineEnd", "[A]\r\r\nK=v\r\r\n", "A", "K", "v"},
 };
 
@@ -123,6 +125,8 @@ const WriteCase kWriteCases[] = {
     {"ReplacesInTheFirstSection", "[A]\nK=1\n[A]\nK=2\n", {"A", "K", "3"}, "[A]\nK=3\n[A]\nK=2\n"},
     {"KeepsTheSpellingOfTheKey", "[a]\n kEy\t= 1\n", {"A", "KEY", "2"}, "[a]\nkEy=2\n"},
     {"KeepsTheLineEndOfTheLine", "[A]\r\nK=1\nL=2\r\n", {"A", "K", "3"}, "[A]\r\nK=3\nL=2\r\n"},
+    {"KeepsACarriageReturnAlone", "[A]\rK=1\rL=2\r", {"A", "K", "3"}, "[A]\rK=3\rL=2\r"},
+    {"EndsANewLineAsWindowsDoesBehindCarriageReturns", "[A]\rK=1\r", {"A", "L", "2"}, "[A]\rK=1\rL=2\r\n"},
     {"KeepsAMissingFinalLineEnd", "[A]\r\nK=1", {"A", "K", "3"}, "[A]\r\nK=3"},
     {"GivesAKeyWithoutValueOne", "[A]\nK\n", {"A", "K", "3"}, "[A]\nK=3\n"},
     {"LongerValue", "[A]\nK=1\nL=2\n", {"A", "K", "a longer value"}, "[A]\nK=a longer value\nL=2\n"},

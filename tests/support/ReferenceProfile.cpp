@@ -24,8 +24,9 @@ std::string UpToNul(const std::string& text) {
 }
 
 std::string LineEnd(const std::string& line) {
-  if (!line.ends_with('\n')) return {};
-  return line.ends_with("\r\n") ? "\r\n" : "\n";
+  if (line.ends_with("\r\n")) return "\r\n";
+  if (line.ends_with('\n')) return "\n";
+  return line.ends_with('\r') ? "\r" : "";
 }
 
 std::optional<std::string> HeaderName(const std::string& line) {
@@ -48,14 +49,17 @@ ReferenceProfile::ReferenceProfile(std::string_view bytes) {
     bytes.remove_prefix(3);
   }
   std::string line;
-  for (const char byte : bytes) {
-    line.push_back(byte);
-    if (byte != '\n') continue;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    line.push_back(bytes[i]);
+    const bool carriageAlone = bytes[i] == '\r' && (i + 1 == bytes.size() || bytes[i + 1] != '\n');
+    if (bytes[i] != '\n' && !carriageAlone) continue;
     lines_.push_back(line);
     line.clear();
   }
   if (!line.empty()) lines_.push_back(line);
-  if (!lines_.empty() && !LineEnd(lines_[0]).empty()) lineEnd_ = LineEnd(lines_[0]);
+  const auto feed = std::find_if(lines_.begin(), lines_.end(),
+                                 [](const std::string& each) { return each.ends_with('\n'); });
+  if (feed != lines_.end()) lineEnd_ = LineEnd(*feed);
 }
 
 std::optional<ReferenceProfile::Range> ReferenceProfile::Section(std::string_view name) const {

@@ -27,7 +27,7 @@ FolderTest::~FolderTest() {
 std::filesystem::path FolderTest::Native(std::string_view path) const {
   std::string relative(path.substr(std::min(path.find_first_not_of('\\'), path.size())));
   std::replace(relative.begin(), relative.end(), '\\', '/');
-  return root_ / relative;
+  return root_ / std::u8string(relative.begin(), relative.end());  // as a file's name it is UTF-8
 }
 
 void FolderTest::Put(std::string_view path, std::string_view bytes) const {

@@ -71,7 +71,7 @@ void PlatformTest::MakeFolder(std::string_view path) {
 std::filesystem::path PlatformTest::Native(std::string_view path) const {
   std::string relative(path.substr(std::min(path.find_first_not_of('\\'), path.size())));
   std::replace(relative.begin(), relative.end(), '\\', '/');
-  return folder_ / "drive" / relative;
+  return folder_ / "drive" / std::u8string(relative.begin(), relative.end());  // as a file's name it is UTF-8
 }
 
 }  // namespace qb

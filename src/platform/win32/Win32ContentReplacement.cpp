@@ -1,6 +1,5 @@
 #include "platform/win32/Win32ContentReplacement.h"
 
-
 #include "platform/win32/SystemHeaders.h"
 #include "platform/win32/Win32Errors.h"
 #include "platform/win32/Win32Files.h"
@@ -123,6 +122,8 @@ bool CopyNativeFile(const std::wstring& source, std::string_view sourcePath, con
   if (error == ERROR_SUCCESS && CopyFileW(source.c_str(), temporary.Name().c_str(), FALSE) == FALSE) {
     error = GetLastError();
   }
+  // The system gives the attributes of the source to files that it makes itself; this one was there already.
+  if (error == ERROR_SUCCESS) SetFileAttributesW(temporary.Name().c_str(), AttributesOf(source));
   if (error == ERROR_SUCCESS) error = temporary.MoveTo(target);
   if (error == ERROR_SUCCESS) return true;
   RaiseSystemError(error, targetPath, target);

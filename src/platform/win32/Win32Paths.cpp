@@ -12,6 +12,7 @@ constexpr std::wstring_view kLongPrefix = LR"(\\?\)";
 constexpr std::wstring_view kLongSharePrefix = LR"(\\?\UNC\)";
 constexpr std::wstring_view kDevicePrefix = LR"(\\.\)";
 constexpr std::wstring_view kSharePrefix = LR"(\\)";
+constexpr std::size_t kLongest = 32'767;          // no call of the system takes more
 constexpr std::size_t kLongFrom = MAX_PATH - 12;  // a folder's path must leave room for a short file name
 
 /// Calls a function of the system that fills a buffer until the buffer is large enough; empty if it fails.
@@ -85,6 +86,7 @@ Win32Paths::Win32Paths(const std::string& root) {
 std::optional<std::wstring> Win32Paths::Native(std::string_view path) const {
   if (path.empty() || path.find('\0') != std::string_view::npos) return std::nullopt;
   std::wstring wide = Wide(path);
+  if (wide.size() > kLongest) return std::nullopt;
   if (HasRoot()) {
     const bool outside = IsRelative(wide) && !Inside(NativeCurrentDirectory());
     if (outside) wide.insert(0, 1, L'\\');

@@ -1,6 +1,5 @@
 #include "platform/win32/Win32Shell.h"
 
-
 #include "platform/win32/ProgramFiles.h"
 #include "platform/win32/SystemHeaders.h"
 #include "platform/win32/Win32Files.h"
@@ -29,9 +28,11 @@ bool IsMissing(DWORD error) {
 
 /// The native file of a request; empty if there is none.
 std::wstring Win32Shell::FileOf(const ShellRequest& request) {
-  const bool whole = IsFullPath(request.file) || request.directory.empty();
-  const std::optional<std::wstring> native =
-      paths_.Native(whole ? request.file : request.directory + "\\" + request.file);
+  std::string path = request.file;
+  if (!IsFullPath(path) && !request.directory.empty()) {
+    path.insert(0, request.directory + (request.directory.ends_with('\\') ? "" : "\\"));
+  }
+  const std::optional<std::wstring> native = paths_.Native(path);
   if (!native || AttributesOf(*native) == 0 || IsDirectory(*native)) return {};
   return *native;
 }

@@ -6,7 +6,7 @@ namespace qb {
 namespace {
 
 constexpr int kNameAttempts = 100;
-constexpr int kMoveAttempts = 50;
+constexpr int kMoveAttempts = 25;
 constexpr DWORD kPause = 20;  // milliseconds
 
 /// Whether somebody else, such as a virus scanner, may be in the way for a moment.

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "platform/win32/ComFailure.h"
+#include "platform/win32/ComPatience.h"
 #include "platform/win32/Win32Text.h"
 #include "runtime/RuntimeError.h"
 
@@ -38,7 +39,9 @@ DISPID MemberNumber(IDispatch& object, std::string_view name) {
   std::wstring text = Wide(name);
   LPOLESTR names = text.data();
   DISPID member = DISPID_UNKNOWN;
-  CheckCom(object.GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &member), name);
+  CheckCom(
+      CallPatiently([&] { return object.GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &member); }),
+      name);
   return member;
 }
 
@@ -55,8 +58,10 @@ ComValue InvokeMember(IDispatch& object, DISPID member, WORD kind, std::string_v
   ComValue result;
   UINT wrongArgument = 0;
   SetErrorInfo(0, nullptr);  // what is found there afterwards is of this call
-  const HRESULT answer = object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, result.Out(),
-                                       &exception, &wrongArgument);
+  const HRESULT answer = CallPatiently([&] {
+    return object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, result.Out(), &exception,
+                         &wrongArgument);
+  });
   if (answer == DISP_E_EXCEPTION) RaiseException(exception, subject);
   CheckCom(answer, subject);
   return result;

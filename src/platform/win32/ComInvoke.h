@@ -11,8 +11,8 @@ namespace qb {
 DISPID MemberNumber(IDispatch& object, std::string_view name);
 
 /// Calls a member of an automation object by its number, as a method (DISPATCH_METHOD) or a property that is
-/// read (DISPATCH_PROPERTYGET), and returns what it gives. Raises what the object raises, with `subject` to
-/// name the member where the object does not say what went wrong.
+/// read (DISPATCH_PROPERTYGET), and returns what it gives. Waits a moment for a program that is busy. Raises
+/// what the object raises, with `subject` to name the member where the object does not say what went wrong.
 ComValue InvokeMember(IDispatch& object, DISPID member, WORD kind, std::string_view subject,
                       const CallArguments& arguments = {});
 

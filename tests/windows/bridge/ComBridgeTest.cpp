@@ -163,6 +163,15 @@ TEST_F(ComBridgeTest, MemberThatGivesAnotherObject_RaisesTypeMismatchWhenAsked) 
   EXPECT_EQ(FailureOf([&] { AskFor<IBridgeGroup>(object); }), failure::kTypeMismatch);
 }
 
+TEST_F(ComBridgeTest, BusyApplication_IsWaitedForAMoment) {
+  const auto application = OpenDocument()->Application();
+  theStandIn.busyFor = 3;
+  EXPECT_EQ(application->TextProperty("Name"), "Microsoft Word");
+  theStandIn.busyFor = 1000;
+  EXPECT_EQ(FailureOf([&] { application->TextProperty("Name"); }), RPC_E_CALL_REJECTED);
+  EXPECT_THAT(Err.Description, HasSubstr("'Name'"));
+}
+
 // --- events
 
 TEST_F(ComBridgeTest, Events_ReachTheDocumentThatTheyBelongTo) {

@@ -62,6 +62,7 @@ void GiveEnumerator(Values values, VARIANT& result) {
 
 template <class Scripted>
 HRESULT StandInNamed<Scripted>::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* members) {
+  if (theStandIn.busyFor-- > 0) return RPC_E_CALL_REJECTED;
   known_.push_back(Utf8(names[0]));
   members[0] = static_cast<DISPID>(known_.size());
   return S_OK;
@@ -70,6 +71,7 @@ HRESULT StandInNamed<Scripted>::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCI
 template <class Scripted>
 HRESULT StandInNamed<Scripted>::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* arguments,
                                        VARIANT* result, EXCEPINFO* failure, UINT*) {
+  if (theStandIn.busyFor-- > 0) return RPC_E_SERVERCALL_RETRYLATER;
   const std::string name =
       member == DISPID_NEWENUM ? "_NewEnum" : known_.at(static_cast<std::size_t>(member) - 1);
   try {

@@ -23,6 +23,7 @@ struct StandInState {
   std::map<std::string, VARIANT> contents;  ///< what a property gives instead, by its name
   bool takesListeners = true;
   bool closesWhileItTakesAListener = false;
+  int busyFor = 0;               ///< as many calls of the office application itself are turned away
   bool listsByPosition = false;  ///< its lists have no enumerator
 };
 extern StandInState theStandIn;

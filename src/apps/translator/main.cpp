@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "apps/translator/HostOffice.h"
 #include "editors/EditorQuestions.h"
 #include "editors/gumbo/GumboHtmlParser.h"
 #include "foundation/Product.h"
@@ -16,9 +17,6 @@
 #include "wx/CommandTail.h"
 #include "wx/WxText.h"
 #include "wx/WxToolkit.h"
-#ifndef _WIN32
-#include "editors/libreoffice/OfficeBridge.h"
-#endif
 
 namespace {
 
@@ -36,9 +34,7 @@ class TranslatorApp : public wxApp {
     auto platform = qb::MakeHostPlatform();
     qb::AddWxDesktop(*platform);
     qb::InstallPlatform(std::move(platform));
-#ifndef _WIN32
-    qb::InstallOfficeBridge();
-#endif
+    qb::InstallHostOffice();
     qb::gEditorQuestions.newHtmlParser = qb::MakeGumboHtmlParser;
     qb::InstallToolkit(std::make_unique<qb::WxToolkit>());
     CallAfter([this] { Run(); });

@@ -50,7 +50,7 @@ class Pair:
 
     def write(self, text):
         desktop.run("xdotool", "windowactivate", "--sync", self.translation)
-        desktop.run("xdotool", "type", "--window", self.translation, "--clearmodifiers", text)
+        desktop.run("xdotool", "type", "--clearmodifiers", text)
 
     def save(self):
         desktop.keys("ctrl+s")

@@ -14,4 +14,11 @@ void RegisterStandIn(const std::wstring& typeLibrary, const std::wstring& librar
 void RegisterTypeLibrary(const wchar_t* version, const wchar_t* system, const std::wstring& typeLibrary);
 void UnregisterStandIn();
 
+/// Registers the stand-in as a program of its own instead, started by the system when it is needed, with all
+/// that lets calls pass between processes.
+void RegisterStandInProgram();
+/// The whole of that program: an office whose user saves `\pkg\dst\text.doc` while its group is arranged, and
+/// once more a moment after the capability 1 of "later" was asked for. Ends when nobody uses it any more.
+int RunStandInProgram();
+
 }  // namespace qb

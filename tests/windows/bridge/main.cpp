@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <string_view>
+
 #include "editors/com/ComBridge.h"
 #include "support/ScriptedBridge.h"
 #include "windows/bridge/StandInClass.h"
@@ -29,6 +31,7 @@ class StandInJudge : public testing::EmptyTestEventListener {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc > 1 && std::string_view(argv[1]) == "--serve") return qb::RunStandInProgram();
   testing::InitGoogleMock(&argc, argv);
   testing::UnitTest::GetInstance()->listeners().Append(new StandInJudge);
   qb::ScriptedBridge::between = [](std::function<std::shared_ptr<qb::IBridge>()> office) {

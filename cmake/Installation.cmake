@@ -7,6 +7,9 @@ set(QB_PROGRAM_FOLDER lib/quillbank-translator)
 
 # install_program(<target>)  A program that users call by name.
 function(install_program target)
+  if(WIN32)
+    return() # a Windows user unpacks one folder
+  endif()
   install(TARGETS ${target} RUNTIME DESTINATION ${QB_PROGRAM_FOLDER})
   cmake_path(ABSOLUTE_PATH QB_PROGRAM_FOLDER BASE_DIRECTORY / OUTPUT_VARIABLE folder)
   cmake_path(ABSOLUTE_PATH CMAKE_INSTALL_BINDIR BASE_DIRECTORY / OUTPUT_VARIABLE commands)

@@ -1,9 +1,15 @@
 #include "wx/CommandTail.h"
 
+#include <wx/filename.h>
+#ifdef __WXMSW__
+#include <windows.h>
+#endif
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <string_view>
 
 #include "wx/WxText.h"
 
@@ -15,5 +21,25 @@ std::string CommandTail(const std::vector<std::string>& arguments) {
   if (tail.empty() || tail.front() == '\\') return tail;
   return KeptPath(std::filesystem::absolute(tail).lexically_normal().string());
 }
+
+#ifdef __WXMSW__
+std::string ProcessCommandTail(int, char**) {
+  std::wstring_view line = GetCommandLineW();
+  bool isQuoted = false;
+  std::size_t end = 0;
+  for (; end < line.size() && (isQuoted || line[end] != L' '); ++end) {
+    if (line[end] == L'"') isQuoted = !isQuoted;
+  }
+  line.remove_prefix(std::min(line.find_first_not_of(L' ', end), line.size()));
+  if (line.empty() || line.front() == L'"') return FromWx(wxString(line.data(), line.size()));
+  wxFileName name(wxString(line.data(), line.size()));
+  name.MakeAbsolute();
+  return FromWx(name.GetFullPath());
+}
+#else
+std::string ProcessCommandTail(int argc, char** argv) {
+  return CommandTail({argv + 1, argv + argc});
+}
+#endif
 
 }  // namespace qb

@@ -10,4 +10,7 @@ namespace qb {
 /// Empty without arguments.
 std::string CommandTail(const std::vector<std::string>& arguments);
 
+/// The command tail of this process, whose `main` was called with these: on Windows as it was typed.
+std::string ProcessCommandTail(int argc, char** argv);
+
 }  // namespace qb

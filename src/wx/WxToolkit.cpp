@@ -188,8 +188,8 @@ wxWindow* ParentForDialogs() {
 
 void AddWxDesktop(Platform& platform) {
   platform.messageBoxes = std::make_unique<WxMessageBoxes>();
-  platform.fileDialogs = std::make_unique<WxFileDialogs>();
-  platform.clipboard = std::make_unique<WxClipboard>();
+  if (!platform.fileDialogs) platform.fileDialogs = std::make_unique<WxFileDialogs>();
+  if (!platform.clipboard) platform.clipboard = std::make_unique<WxClipboard>();
   platform.mousePointer = std::make_unique<WxMousePointer>();
 }
 

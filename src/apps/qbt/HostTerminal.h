@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -14,5 +15,8 @@ bool InputComesFromTerminal();
 
 /// How many columns of a terminal a character takes: 0, 1 or 2.
 int ColumnsOfCharacter(char32_t character);
+
+/// The signals by which a terminal interrupts a process or goes away under it.
+extern const std::array<int, 3> kEndingSignals;
 
 }  // namespace qb

@@ -48,7 +48,7 @@ PackageFolder::PackageFolder(const std::filesystem::path& folder) {
     if (!isLink && entry->is_directory(unknown)) continue;
     File file;
     file.isLink = isLink;
-    file.path = ShownPath(std::string_view(entry->path().native()).substr(front));
+    file.path = ShownPath(entry->path().string().substr(front));
     const std::uintmax_t size = entry->file_size(unknown);
     if (unknown) continue;  // a link to a folder, or to nothing
     file.size = size;

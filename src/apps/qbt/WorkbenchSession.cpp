@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "apps/qbt/ExitCode.h"
+#include "apps/qbt/HostTerminal.h"
 #include "apps/qbt/PackageArgument.h"
 #include "runtime/RuntimeError.h"
 #include "ui/Forms.h"
@@ -29,20 +30,19 @@ class InterruptionNoted {
  public:
   InterruptionNoted() {
     interrupted = 0;
-    for (std::size_t i = 0; i < kSignals.size(); ++i) before_[i] = std::signal(kSignals[i], Note);
+    for (std::size_t i = 0; i < kEndingSignals.size(); ++i) before_[i] = std::signal(kEndingSignals[i], Note);
   }
   InterruptionNoted(const InterruptionNoted&) = delete;
   InterruptionNoted& operator=(const InterruptionNoted&) = delete;
   ~InterruptionNoted() {
-    for (std::size_t i = 0; i < kSignals.size(); ++i) std::signal(kSignals[i], before_[i]);
+    for (std::size_t i = 0; i < kEndingSignals.size(); ++i) std::signal(kEndingSignals[i], before_[i]);
   }
 
  private:
   using Handler = void (*)(int);
-  static constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
   static void Note(int) { interrupted = 1; }
 
-  std::array<Handler, kSignals.size()> before_{};
+  std::array<Handler, kEndingSignals.size()> before_{};
 };
 
 /// Runs what may end the process in the middle, which a terminal program does by unwinding.

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "apps/translator/HostOffice.h"
 #include "editors/EditorQuestions.h"
@@ -60,13 +59,12 @@ class TranslatorApp : public wxApp {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
 #ifdef NDEBUG
   // The toolkit's own checks and chatter are for its developers.
   wxDisableAsserts();
   wxLog::SetLogLevel(wxLOG_Message);
 #endif
-  wxApp::SetInstance(new TranslatorApp(qb::CommandTail(arguments)));
+  wxApp::SetInstance(new TranslatorApp(qb::ProcessCommandTail(argc, argv)));
   // The toolkit sees no argument, since the whole command tail is the program's own.
   int toolkitArgc = 1;
   return wxEntry(toolkitArgc, argv);

@@ -2,10 +2,13 @@
 #include <unistd.h>
 
 #include <clocale>
+#include <csignal>
 
 #include "apps/qbt/HostTerminal.h"
 
 namespace qb {
+
+const std::array<int, 3> kEndingSignals{SIGINT, SIGTERM, SIGHUP};
 
 std::vector<std::string> PrepareTerminal(int argc, char** argv) {
   std::setlocale(LC_ALL, "");

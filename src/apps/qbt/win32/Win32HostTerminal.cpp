@@ -3,6 +3,7 @@
 #include <shellapi.h>
 
 #include <array>
+#include <csignal>
 #include <memory>
 #include <string_view>
 
@@ -40,6 +41,8 @@ struct FreeLocal {
 };
 
 }  // namespace
+
+const std::array<int, 3> kEndingSignals{SIGINT, SIGTERM, SIGBREAK};
 
 std::vector<std::string> PrepareTerminal(int, char**) {
   SetConsoleOutputCP(CP_UTF8);

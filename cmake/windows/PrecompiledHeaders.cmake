@@ -1,0 +1,21 @@
+# Compiling every source twice a test run, once for each platform, has to be cheap: the libraries' headers are read
+# once for all rooms, and once for all their tests.
+function(precompile_for_room name)
+  if(name STREQUAL runtime)
+    target_precompile_headers(
+      runtime PRIVATE <algorithm> <array> <charconv> <cstdint> <filesystem> <fmt/format.h> <functional> <map> <memory>
+      <optional> <string> <string_view> <unordered_map> <utility> <vector>)
+  else()
+    target_precompile_headers(${name} REUSE_FROM runtime)
+  endif()
+endfunction()
+
+function(precompile_for_tests name)
+  if(name STREQUAL test_support)
+    target_precompile_headers(
+      test_support PRIVATE <algorithm> <array> <filesystem> <fmt/format.h> <functional> <gmock/gmock.h> <gtest/gtest.h>
+      <memory> <optional> <string> <string_view> <unordered_map> <vector>)
+  else()
+    target_precompile_headers(${name} REUSE_FROM test_support)
+  endif()
+endfunction()

@@ -14,7 +14,7 @@ PREFIX = os.environ["QB_WINE_PREFIX"]
 PROGRAM = os.environ["QB_TRANSLATOR"]
 EDITOR = os.environ["QB_SMALL_EDITOR"]
 SETTINGS = r"HKEY_CURRENT_USER\Software\ORB\Quillbank\Quillbank Translator"
-CLASSES = r"HKEY_CURRENT_USER\Software\Classes"
+CLASSES = "HKEY_CLASSES_ROOT"  # Wine does not look into the user's own classes
 
 
 def start(*command, folder):

@@ -6,6 +6,8 @@
 #include <com/sun/star/document/XTypeDetection.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "apps/office/Failure.h"
 #include "apps/office/UnoText.h"
@@ -40,6 +42,23 @@ std::string Extension(const std::string& path) {
   return extension;
 }
 
+bool IsPageName(const std::string& extension) {
+  return extension == "htm" || extension == "html";
+}
+
+/// Whether there is a mark in the text, such as <b> or <!-- -->; the office only looks for one near the
+/// beginning.
+bool HasMark(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(file), {}};
+  if (text.find('\0') != std::string::npos) return false;
+  for (std::size_t mark = text.find('<'); mark + 1 < text.size(); mark = text.find('<', mark + 1)) {
+    const char next = text[mark + 1];
+    if (next == '!' || next == '/' || std::isalpha(static_cast<unsigned char>(next))) return true;
+  }
+  return false;
+}
+
 bool IsNameOf(const std::string& extension, const OUString& type, const Arguments& description) {
   // What writes this format has always been allowed to call it a Word document, and it stays what it is.
   if (extension == "doc" && type.indexOf("Rich_Text_Format") >= 0) return true;
@@ -59,6 +78,8 @@ FileType DetectFileType(const Reference<uno::XComponentContext>& context, const 
   FileType found;
   found.type = detection->queryTypeByDescriptor(descriptor, true);
   if (found.type.isEmpty()) throw Failure("damaged", path + " is not a document that the office knows");
+  const bool isPage = IsPageName(Extension(path)) && found.type == "generic_Text" && HasMark(path);
+  if (isPage) found.type = "generic_HTML";
 
   const Arguments type =
       Description(Reference<container::XNameAccess>(detection, UNO_QUERY_THROW), found.type);
@@ -68,7 +89,7 @@ FileType DetectFileType(const Reference<uno::XComponentContext>& context, const 
     throw Failure("damaged",
                   path + " is not what its name says, but " + ToUtf8(name.isEmpty() ? found.type : name));
   }
-  ValueOf(descriptor, "FilterName") >>= found.filter;
+  if (!isPage) ValueOf(descriptor, "FilterName") >>= found.filter;
   if (found.filter.isEmpty()) ValueOf(type, "PreferredFilter") >>= found.filter;
   const auto filters = Service<container::XNameAccess>(context, "com.sun.star.document.FilterFactory");
   sal_Int32 flags = 0;

@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <exception>
 #include <nlohmann/json.hpp>
-#include <rtl/bootstrap.hxx>
 #include <stdexcept>
 #include <string>
 
@@ -20,7 +19,7 @@
 #include "apps/office/ProfileLocks.h"
 #include "apps/office/ProfileSettings.h"
 #include "apps/office/Service.h"
-#include "apps/office/UnoText.h"
+#include "apps/office/UnoStart.h"
 
 namespace qb::office {
 
@@ -35,15 +34,6 @@ constexpr milliseconds kEnd{10000};
 constexpr milliseconds kLook{50};
 /// How often an office without a program is asked whether it still has documents.
 constexpr milliseconds kBetweenLooks{500};
-
-/// Before the first call of UNO: it could not find its own parts otherwise, and would crash.
-void PrepareUno(const std::string& office) {
-  const std::string types = QB_OFFICE_PROGRAM "/fundamentalrc";
-  if (access(types.c_str(), R_OK) != 0 || access(office.c_str(), X_OK) != 0) {
-    throw std::runtime_error("LibreOffice is not installed: " + office + " is not there");
-  }
-  rtl::Bootstrap::set("URE_BOOTSTRAP", ToUno("vnd.sun.star.pathname:" + types));
-}
 
 /// An office and the line to it.
 class RunningOffice {
@@ -97,6 +87,7 @@ class RequestLoop {
       if (isAlone_ && !HasDocuments()) break;
       Wait();
       service_.TellHappenings();
+      service_.CloseStartCenter();
       while (!office_.Line().IsLost() && !isDone_) {
         const auto line = input_.Next();
         if (!line) break;
@@ -156,7 +147,10 @@ class RequestLoop {
 int RunHelper(const Places& places, milliseconds patience) {
   Happenings happenings;
   try {
-    PrepareUno(places.office);
+    if (access(places.office.c_str(), X_OK) != 0) {
+      throw std::runtime_error("LibreOffice is not installed: " + places.office + " is not there");
+    }
+    PrepareUno();
     WriteProfileSettings(places.profile);
     RunningOffice office(places, happenings);
     WriteLine({{"event", "ready"}});

@@ -18,7 +18,7 @@ struct Setting {
   std::string value;
 };
 
-const std::array<Setting, 22> kSettings = {{
+const std::array<Setting, 21> kSettings = {{
     // A document keeps its format without a question, and is stored when its user or we say so.
     {"/org.openoffice.Office.Common/Save/Document", "WarnAlienFormat", "false"},
     {"/org.openoffice.Office.Common/Save/Document", "AutoSave", "false"},
@@ -33,13 +33,13 @@ const std::array<Setting, 22> kSettings = {{
     {"/org.openoffice.Office.UI.Infobar/Enabled", "WhatsNew", "false"},
     {"/org.openoffice.Office.UI.Infobar/Enabled", "Donate", "false"},
     {"/org.openoffice.Office.UI.Infobar/Enabled", "GetInvolved", "false"},
-    // A package comes from elsewhere: its macros never run, and its links bring nothing in.
+    // A package comes from elsewhere: its macros never run, and its links bring nothing in, without a
+    // question.
     {"/org.openoffice.Office.Common/Security/Scripting", "MacroSecurityLevel", "3"},
     {"/org.openoffice.Office.Common/Security/Scripting", "DisableMacrosExecution", "true"},
-    {"/org.openoffice.Office.Common/Security/Scripting", "BlockUntrustedRefererLinks", "true"},
-    {"/org.openoffice.Office.Writer/Content/Update", "Link", "2"},
+    {"/org.openoffice.Office.Writer/Content/Update", "Link", "0"},
     {"/org.openoffice.Office.Calc/Content/Update", "Link", "1"},
-    // Nobody listens there, so that not even a forgotten way leads into the net.
+    // Pictures beside a document are seen, those in the net are not: nobody listens at this address.
     {"/org.openoffice.Inet/Settings", "ooInetProxyType", "2"},
     {"/org.openoffice.Inet/Settings", "ooInetHTTPProxyName", "127.0.0.1"},
     {"/org.openoffice.Inet/Settings", "ooInetHTTPProxyPort", "9"},

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
+#include <com/sun/star/frame/XFrames.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/util/CloseVetoException.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
 #include <filesystem>
 #include <fstream>
@@ -95,6 +97,25 @@ void Service::TellHappenings() {
     const auto closed = documents_.extract(happening.document);
     if (!closed.mapped().listener->Last().copy.empty())
       closed_.insert_or_assign(closed.key(), closed.mapped());
+    isBare_ = documents_.empty();
+  }
+}
+
+void Service::CloseStartCenter() {
+  if (!std::exchange(isBare_, false)) return;
+  try {
+    Run([&office = office_] {
+      const Reference<com::sun::star::container::XIndexAccess> frames(office.Desktop()->getFrames(),
+                                                                      UNO_QUERY_THROW);
+      for (sal_Int32 place = frames->getCount() - 1; place >= 0; --place) {
+        const Reference<com::sun::star::frame::XFrame> frame(frames->getByIndex(place), UNO_QUERY_THROW);
+        if (!Supports(frame->getController(), "com.sun.star.frame.StartModule")) continue;
+        Reference<com::sun::star::util::XCloseable>(frame, UNO_QUERY_THROW)->close(false);
+      }
+    });
+  } catch (const Failure&) {
+    // The office has ended with its last document, or hangs; the next request tells.
+    isBare_ = false;
   }
 }
 

@@ -26,6 +26,8 @@ class Service {
 
   /// Writes the events that wait.
   void TellHappenings();
+  /// Closes the window in which the office offers what to do next, when its user has closed the last document.
+  void CloseStartCenter();
   /// Writes that all documents are closed, since their office is no more.
   void TellEnd();
 
@@ -61,6 +63,8 @@ class Service {
   std::map<int, OpenDocument> documents_;
   std::map<int, OpenDocument> closed_;  ///< those that have said last words
   int lastNumber_ = 0;
+  /// The user has closed the last document, so there may be a start center.
+  bool isBare_ = false;
 };
 
 }  // namespace qb::office

@@ -7,12 +7,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <rtl/bootstrap.hxx>
 #include <string>
 
 #include "apps/office/Helper.h"
 #include "apps/office/ProfileLocks.h"
-#include "apps/office/UnoText.h"
 
 namespace {
 

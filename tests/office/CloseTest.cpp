@@ -1,0 +1,95 @@
+#include <com/sun/star/frame/XFrames.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+
+#include "office/OfficeTest.h"
+
+namespace qb::office {
+namespace {
+
+using nlohmann::json;
+
+class CloseTest : public OfficeTest {
+ protected:
+  static int WaitForClosed() { return Helper().WaitForEvent("closed").value("document", 0); }
+};
+
+TEST_F(CloseTest, storesWhatIsModifiedAndTellsItBeforeTheAnswer) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const std::string other = Sample("sicherheit/sicherheit.doc");
+  const int first = Open(path);
+  const int second = Open(other);
+  User().Write(path, "Kept");
+  Helper().Waiting();
+  const int request = Helper().Send("close", {{"documents", {second, first}}});
+  const auto line = [](const json& waited) {
+    return Helper().WaitFor([&](const json& found) { return found == waited; });
+  };
+  line({{"event", "closed"}, {"document", second}});
+  line({{"event", "saved"}, {"document", first}});
+  line({{"event", "closed"}, {"document", first}});
+  line({{"id", request}, {"result", json::object()}});
+  Open(path);
+  EXPECT_NE(User().Text(path).find("Kept"), std::string::npos);
+}
+
+TEST_F(CloseTest, tellsThatTheUserHasClosedTheWindow) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const std::string other = Sample("sicherheit/sicherheit.doc");
+  const int document = Open(path);
+  Open(other);
+  Press(path, "alt+F4");
+  EXPECT_EQ(WaitForClosed(), document);
+  EXPECT_FALSE(User().IsOpen(path));
+  EXPECT_TRUE(User().IsOpen(other));
+  EXPECT_EQ(Helper().Ask("title", {{"document", document}}).value("code", ""), "no-document");
+}
+
+TEST_F(CloseTest, tellsEachWayOfTheOfficeOnce) {
+  const std::string path = Sample("wartung/wartung.doc");
+  int document = Open(path);
+  User().Command(path, ".uno:CloseDoc");
+  EXPECT_EQ(WaitForClosed(), document);
+  document = Open(path);
+  User().Do([&path] {
+    const Reference<com::sun::star::util::XCloseable> frame(
+        User().Model(path)->getCurrentController()->getFrame(), UNO_QUERY_THROW);
+    frame->close(true);
+  });
+  EXPECT_EQ(WaitForClosed(), document);
+  EXPECT_EQ(Helper().Ask("close", {{"documents", {document}}}), json::object());
+  EXPECT_TRUE(Helper().Waiting().empty());
+}
+
+TEST_F(CloseTest, leavesNoStartCenterBehindTheLastDocument) {
+  const auto windows = [] {
+    int count = 0;
+    User().Do([&count] { count = User().Desktop()->getFrames()->getCount(); });
+    return count;
+  };
+  const std::string path = Sample("wartung/wartung.doc");
+  Open(path);
+  User().Command(path, ".uno:CloseDoc");
+  WaitForClosed();
+  // Requests are worked one after the other, so this one comes after what the closing has led to.
+  EXPECT_EQ(Helper().Ask("close", {{"documents", json::array()}}), json::object());
+  EXPECT_EQ(windows(), 0);
+}
+
+TEST_F(CloseTest, waitsForADialogOfTheUser) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const int document = Open(path);
+  Press(path, "ctrl+shift+s");
+  ASSERT_TRUE(PressIn("Save$", "Shift_L"));
+  const int request = Helper().Send("close", {{"documents", {document}}});
+  ASSERT_TRUE(PressIn("Save$", "Escape"));
+  EXPECT_EQ(Helper().WaitForAnswer(request), json::object());
+  EXPECT_FALSE(User().IsOpen(path));
+}
+
+TEST_F(CloseTest, refusesADocumentThatNeverWas) {
+  EXPECT_EQ(Helper().Ask("close", {{"documents", {4711}}}).value("code", ""), "no-document");
+  EXPECT_EQ(Helper().Ask("title", {{"document", 4711}}).value("code", ""), "no-document");
+}
+
+}  // namespace
+}  // namespace qb::office

@@ -1,0 +1,93 @@
+#include <filesystem>
+
+#include "office/OfficeTest.h"
+
+namespace qb::office {
+namespace {
+
+using nlohmann::json;
+
+class SaveTest : public OfficeTest {
+ protected:
+  static int WaitForSaved() { return Helper().WaitForEvent("saved").value("document", 0); }
+  static bool IsWordFile(const std::string& bytes) { return bytes.compare(0, 4, "\xd0\xcf\x11\xe0") == 0; }
+};
+
+TEST_F(SaveTest, aWordDocumentStaysOneWhenItsUserPressesTheKeys) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const int document = Open(path);
+  User().Write(path, "Added by the translator");
+  Press(path, "ctrl+s");
+  EXPECT_EQ(WaitForSaved(), document);
+  EXPECT_TRUE(IsWordFile(Content("wartung.doc")));
+  EXPECT_FALSE(User().IsModified(path));
+  Close(document);
+  Open(path);
+  EXPECT_NE(User().Text(path).find("Added by the translator"), std::string::npos);
+}
+
+TEST_F(SaveTest, presentationsAndPagesKeepTheirFormat) {
+  for (const char* name : {"schulung/schulung.ppt", "glossar/glossar.htm"}) {
+    const std::string path = Sample(name);
+    const int document = Open(path);
+    User().Write(path, "More");
+    User().Command(path, ".uno:Save");
+    EXPECT_EQ(WaitForSaved(), document) << name;
+  }
+  EXPECT_TRUE(IsWordFile(Content("schulung.ppt")));
+  EXPECT_NE(Content("glossar.htm").find("More"), std::string::npos);
+  EXPECT_NE(Content("glossar.htm").find("<html"), std::string::npos);
+}
+
+TEST_F(SaveTest, theSourceCannotBeStoredOver) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const std::string before = Content("wartung.doc");
+  const int document = Open(path, true);
+  User().Command(path, ".uno:EditDoc");
+  Press(path, "ctrl+End");
+  Press(path, "x");
+  Press(path, "ctrl+s");
+  User().Command(path, ".uno:Save");
+  EXPECT_FALSE(User().IsModified(path));
+  Close(document);
+  EXPECT_EQ(Content("wartung.doc"), before);
+  EXPECT_EQ(Helper().WaitForEvent("closed").value("document", 0), document);
+}
+
+TEST_F(SaveTest, aCopyIsNoSave) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const int document = Open(path);
+  Helper().Waiting();
+  User().Write(path, "More");
+  User().StoreCopy(path, Path("copy.doc"), "MS Word 97");
+  Helper().Ask("title", {{"document", document}});
+  for (const json& line : Helper().Waiting()) EXPECT_NE(line.value("event", ""), "saved") << line;
+}
+
+TEST_F(SaveTest, whatIsStoredUnderAnotherNameIsNoMoreThisFile) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const int document = Open(path);
+  User().StoreAs(path, Path("other.odt"), "writer8");
+  User().Write(Path("other.odt"), "More");
+  User().Command(Path("other.odt"), ".uno:Save");
+  Helper().Ask("title", {{"document", document}});
+  for (const json& line : Helper().Waiting()) EXPECT_NE(line.value("event", ""), "saved") << line;
+}
+
+TEST_F(SaveTest, aSaveThatFailsIsNone) {
+  const std::string path = Sample("wartung/wartung.doc", "share/wartung.doc");
+  const int document = Open(path);
+  User().Write(path, "More");
+  std::filesystem::rename(Path("share"), Path("gone"));
+  const json error = Helper().Ask("close", {{"documents", {document}}});
+  EXPECT_EQ(error.value("code", ""), "office") << error;
+  for (const json& line : Helper().Waiting()) EXPECT_FALSE(line.contains("event")) << line;
+  // Nothing is lost: the text is still there, and is stored when the folder is.
+  EXPECT_TRUE(User().IsModified(path));
+  std::filesystem::rename(Path("gone"), Path("share"));
+  EXPECT_EQ(Helper().Ask("close", {{"documents", {document}}}), json::object());
+  EXPECT_EQ(WaitForSaved(), document);
+}
+
+}  // namespace
+}  // namespace qb::office

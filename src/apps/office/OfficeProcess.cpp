@@ -55,6 +55,7 @@ OfficeProcess::OfficeProcess(const std::string& soffice, const std::string& prof
                                     "--norestore",
                                     "--nofirststartwizard"};
   std::vector<char*> arguments;
+  arguments.reserve(texts.size() + 1);
   for (std::string& text : texts) arguments.push_back(text.data());
   arguments.push_back(nullptr);
   PrepareSurroundings();

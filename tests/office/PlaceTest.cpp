@@ -1,0 +1,85 @@
+#include <array>
+#include <cstdio>
+#include <sstream>
+
+#include "office/OfficeTest.h"
+
+namespace qb::office {
+namespace {
+
+/// A window's place on the screen, without what the window manager draws around it.
+struct Area {
+  int x = -1;
+  int y = -1;
+  int width = -1;
+  int height = -1;
+};
+
+std::ostream& operator<<(std::ostream& stream, const Area& area) {
+  return stream << area.x << ',' << area.y << ' ' << area.width << 'x' << area.height;
+}
+
+/// As the X server sees the window whose name begins so.
+Area AreaOf(const std::string& name) {
+  const std::string command = "xwininfo -id $(xdotool search --onlyvisible --name '^" + name +
+                              "' | head -1) | sed -n 's/.*\\(upper-left .\\|Width\\|Height\\): *//p'";
+  FILE* output = popen(command.c_str(), "r");
+  std::array<char, 1000> buffer{};
+  const std::size_t count = fread(buffer.data(), 1, buffer.size(), output);
+  pclose(output);
+  Area area;
+  int ignored = 0;
+  std::istringstream(std::string(buffer.data(), count)) >> area.x >> area.y >> ignored >> ignored >>
+      area.width >> area.height;
+  return area;
+}
+
+class PlaceTest : public OfficeTest {
+ protected:
+  /// The borders that a window manager draws are no wider than that.
+  static constexpr int kBorder = 40;
+
+  static void ExpectFills(const std::string& name, const Area& wanted) {
+    const Area area = AreaOf(name);
+    SCOPED_TRACE(testing::Message() << name << " at " << area << ", wanted " << wanted);
+    EXPECT_GE(area.x, wanted.x);
+    EXPECT_GE(area.y, wanted.y);
+    EXPECT_LT(area.x, wanted.x + kBorder);
+    EXPECT_LT(area.y, wanted.y + kBorder);
+    EXPECT_LE(area.x + area.width, wanted.x + wanted.width);
+    EXPECT_LE(area.y + area.height, wanted.y + wanted.height);
+    EXPECT_GT(area.x + area.width, wanted.x + wanted.width - kBorder);
+    EXPECT_GT(area.y + area.height, wanted.y + wanted.height - kBorder);
+  }
+
+  void Arrange(int style, const std::vector<int>& documents) {
+    const nlohmann::json screen = {{"x", 0}, {"y", 0}, {"width", 1280}, {"height", 900}};
+    EXPECT_EQ(Helper().Ask("arrange", {{"documents", documents}, {"style", style}, {"screen", screen}}),
+              nlohmann::json::object());
+  }
+};
+
+TEST_F(PlaceTest, putsTheSourceOnTheLeftOrAbove) {
+  const int source = Open(Sample("wartung/wartung.doc", "source.doc"), true);
+  const int target = Open(Sample("wartung/wartung.doc", "target.doc"));
+  Arrange(3, {source, target});
+  ExpectFills("source.doc", {0, 0, 640, 900});
+  ExpectFills("target.doc", {640, 0, 640, 900});
+  Arrange(2, {source, target});
+  ExpectFills("source.doc", {0, 0, 1280, 450});
+  ExpectFills("target.doc", {0, 450, 1280, 450});
+}
+
+TEST_F(PlaceTest, refusesAStyleOrADocumentThatIsNot) {
+  const nlohmann::json screen = {{"x", 0}, {"y", 0}, {"width", 1280}, {"height", 900}};
+  EXPECT_EQ(
+      Helper().Ask("arrange", {{"documents", {4711}}, {"style", 3}, {"screen", screen}}).value("code", ""),
+      "no-document");
+  EXPECT_EQ(Helper()
+                .Ask("arrange", {{"documents", nlohmann::json::array()}, {"style", 4}, {"screen", screen}})
+                .value("code", ""),
+            "request");
+}
+
+}  // namespace
+}  // namespace qb::office

@@ -19,8 +19,4 @@ struct Links {
 /// is not such a document.
 Links ReadLinks(std::string_view xml);
 
-/// `address`, which stands in the file `written`, as it would stand in the file `document`: only one that is
-/// relative to the file's folder changes. Both are absolute paths.
-std::string AddressIn(const std::string& document, const std::string& written, const std::string& address);
-
 }  // namespace qb::office

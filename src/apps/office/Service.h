@@ -26,7 +26,8 @@ class Service {
 
   /// Writes the events that wait.
   void TellHappenings();
-  /// Closes the window in which the office offers what to do next, when its user has closed the last document.
+  /// Closes the window in which the office offers what to do next, when its user has closed the last
+  /// document.
   void CloseStartCenter();
   /// Writes that all documents are closed, since their office is no more.
   void TellEnd();

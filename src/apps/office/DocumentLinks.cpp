@@ -1,18 +1,59 @@
 #include "apps/office/DocumentLinks.h"
 
-#include <com/sun/star/frame/XStorable.hpp>
+#include <array>
+#include <com/sun/star/beans/XPropertyContainer.hpp>
+#include <com/sun/star/document/XExporter.hpp>
+#include <com/sun/star/document/XFilter.hpp>
+#include <com/sun/star/io/XOutputStream.hpp>
+#include <com/sun/star/lang/XMultiComponentFactory.hpp>
+#include <com/sun/star/ucb/SimpleFileAccess.hpp>
+#include <com/sun/star/xml/sax/Writer.hpp>
 
+#include "apps/office/Failure.h"
 #include "apps/office/UnoText.h"
 
 namespace qb::office {
 
-void StoreForLinks(const Reference<com::sun::star::frame::XModel>& model, const std::string& kind,
+namespace star = com::sun::star;
+
+namespace {
+
+std::string ExporterOf(const std::string& kind) {
+  if (kind == "presentation") return "com.sun.star.comp.Impress.XMLOasisExporter";
+  if (kind == "drawing") return "com.sun.star.comp.Draw.XMLOasisExporter";
+  return "com.sun.star.comp.Writer.XMLOasisExporter";
+}
+
+/// Says which file the addresses shall be relative to.
+Reference<star::beans::XPropertySet> BaseOf(const Reference<uno::XComponentContext>& context,
+                                            const std::string& copy) {
+  const Reference<star::beans::XPropertyContainer> bag(
+      context->getServiceManager()->createInstanceWithContext("com.sun.star.beans.PropertyBag", context),
+      UNO_QUERY_THROW);
+  bag->addProperty("BaseURI", 0, Any(FileUrl(copy)));
+  return Reference<star::beans::XPropertySet>(bag, UNO_QUERY_THROW);
+}
+
+}  // namespace
+
+void StoreForLinks(const Reference<uno::XComponentContext>& context,
+                   const Reference<star::frame::XModel>& model, const std::string& kind,
                    const std::string& copy) {
-  std::string filter = "OpenDocument Text Flat XML";
-  if (kind == "presentation") filter = "OpenDocument Presentation Flat XML";
-  if (kind == "drawing") filter = "OpenDocument Drawing Flat XML";
-  Reference<com::sun::star::frame::XStorable>(model, UNO_QUERY_THROW)
-      ->storeToURL(FileUrl(copy), ToArguments({Named("FilterName", Any(ToUno(filter)))}));
+  const Reference<star::io::XOutputStream> file =
+      star::ucb::SimpleFileAccess::create(context)->openFileWrite(FileUrl(copy));
+  const Reference<star::xml::sax::XWriter> writer = star::xml::sax::Writer::create(context);
+  writer->setOutputStream(file);
+  const std::array<Any, 2> arguments = {
+      Any(Reference<star::xml::sax::XDocumentHandler>(writer, UNO_QUERY_THROW)), Any(BaseOf(context, copy))};
+  const Reference<uno::XInterface> exporter =
+      context->getServiceManager()->createInstanceWithArgumentsAndContext(
+          ToUno(ExporterOf(kind)), uno::Sequence<Any>(arguments.data(), arguments.size()), context);
+  Reference<star::document::XExporter>(exporter, UNO_QUERY_THROW)
+      ->setSourceDocument(Reference<star::lang::XComponent>(model, UNO_QUERY_THROW));
+  const bool written = Reference<star::document::XFilter>(exporter, UNO_QUERY_THROW)
+                           ->filter(ToArguments({Named("FileName", Any(FileUrl(copy)))}));
+  file->closeOutput();
+  if (!written) throw Failure("office", "The links cannot be read");
 }
 
 }  // namespace qb::office

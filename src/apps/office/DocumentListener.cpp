@@ -16,11 +16,12 @@ namespace document = com::sun::star::document;
 namespace lang = com::sun::star::lang;
 
 DocumentListener::DocumentListener(int document, std::string path, std::string kind, std::string copy,
-                                   Happenings& happenings)
+                                   Reference<uno::XComponentContext> context, Happenings& happenings)
     : document_(document),
       path_(std::move(path)),
       kind_(std::move(kind)),
       copy_(std::move(copy)),
+      context_(std::move(context)),
       happenings_(happenings) {
 }
 
@@ -48,7 +49,7 @@ void DocumentListener::queryClosing(const lang::EventObject& source, sal_Bool /*
   try {
     LastWords last;
     last.title = CustomTitle(model);
-    StoreForLinks(model, kind_, copy_);
+    StoreForLinks(context_, model, kind_, copy_);
     last.copy = copy_;
     last_ = last;
   } catch (const com::sun::star::uno::Exception& failure) {

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <com/sun/star/document/XDocumentEventListener.hpp>
 #include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
 #include <com/sun/star/util/XCloseListener.hpp>
 #include <cppuhelper/implbase2.hxx>
 #include <optional>
@@ -24,6 +25,7 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
  public:
   /// `happenings` outlives the line to the office. `copy` is where the document may write its last words.
   DocumentListener(int document, std::string path, std::string kind, std::string copy,
+                   com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> context,
                    Happenings& happenings);
 
   /// Begins to listen; only inside a call on the office's main thread.
@@ -46,6 +48,7 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
   const std::string path_;
   const std::string kind_;
   const std::string copy_;
+  const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> context_;
   Happenings& happenings_;
   /// False after the user has stored the document under another name: from then on it is another file's.
   std::atomic<bool> isOwnFile_ = true;

@@ -86,7 +86,7 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
       throw Failure("unsupported", path + " is a kind of document that is not edited here");
     throw Failure("locked", path + " can only be read at present");
   }
-  opened.listener.set(new DocumentListener(number, path, opened.kind, copy, happenings));
+  opened.listener.set(new DocumentListener(number, path, opened.kind, copy, office.Context(), happenings));
   opened.listener->Listen(opened.model);
   return opened;
 }

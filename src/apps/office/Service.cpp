@@ -174,9 +174,9 @@ json Service::ReadLinksOf(const json& arguments) {
   const int number = arguments.at("document");
   const std::string copy = CopyOf(number);
   const auto saves = std::make_shared<int>(0);
-  const auto store = [copy, saves](const OpenDocument& document) {
+  const auto store = [&office = office_, copy, saves](const OpenDocument& document) {
     *saves = document.listener->Saves();
-    StoreForLinks(document.model, document.kind, copy);
+    StoreForLinks(office.Context(), document.model, document.kind, copy);
   };
   try {
     if (!RunIn(number, store)) return LinksIn(closed_.at(number), copy);

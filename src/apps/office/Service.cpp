@@ -35,6 +35,7 @@ namespace {
 /// A document that is closed sooner after its loading can take the office with it.
 constexpr milliseconds kLoadedToClosed{1000};
 constexpr milliseconds kBetweenAttemptsToClose{200};
+constexpr milliseconds kMissed{100};
 /// A window manager takes about that long for a window's place, and at times forgets it at first.
 constexpr milliseconds kPlaced{150};
 constexpr int kAttemptsToPlace = 8;
@@ -259,11 +260,14 @@ bool Service::RunIn(int number, const std::function<void(const OpenDocument&)>& 
   try {
     Run([document = Document(number), work] { work(document); });
     return true;
-  } catch (const Failure&) {
+  } catch (const Failure& failure) {
     // The user may have been quicker.
     TellHappenings();
-    if (!closed_.contains(number)) throw;
-    return false;
+    if (closed_.contains(number)) return false;
+    // An office that dies takes its documents along before it is missed itself.
+    if (failure.Code() == "no-document") Pause(kMissed);
+    if (office_.IsLost()) throw Failure("office", "The office has ended");
+    throw;
   }
 }
 

@@ -2,6 +2,8 @@
 
 import unittest
 
+import pyatspi
+
 import desktop
 import office
 import road
@@ -23,10 +25,15 @@ class OfficeTest(WindowCase):
         self.start_with_sample()
 
     def translate(self, document, name):
-        self.program.focus_window()
-        self.program.select(document)
+        # Windows of the office that are only just coming put themselves in front.
+        desktop.wait_until(lambda: self.select(document), f"selection of {document}")
         desktop.keys("ctrl+t")
         return office.Pair(name)
+
+    def select(self, document):
+        self.program.focus_window()
+        self.program.click(document)
+        return desktop.has(self.program.cell(document), pyatspi.STATE_SELECTED)
 
     def progress(self, state, document=WORD):
         road.wait_for_progress(self.package, document, state)

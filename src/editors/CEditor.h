@@ -33,6 +33,9 @@ class CEditor : public std::enable_shared_from_this<CEditor> {
   /// The MIME type that a bridge knows for the path's extension; empty for any other.
   static std::string GetMIMEType(std::string_view path);
 
+  /// Whether a path leads out of the package or cannot be told to a program; a box names it then.
+  static bool RefusesPath(std::string_view path);
+
   /// Sends the document of this key to its editor. True if the session is open.
   bool OpenForTranslation(std::string_view strLOIOGUID);
   /// Key of the session's document.
@@ -83,7 +86,6 @@ class CEditor : public std::enable_shared_from_this<CEditor> {
   void TakeHeldCloses();
   void CloseGroups(bool single);
   bool CloseBridgeSession(bool single);
-  static bool RefusesPath(std::string_view path);
   bool ExtractThroughBridge(const CLoioEntry& loio);
   void EndSession(bool changed);
   bool TranslationHasChanged(const CLoioEntry& loio, bool lookForCompanion) const;

@@ -5,10 +5,10 @@
 #include <memory>
 #include <string_view>
 
-#include "runtime/TaggedValue.h"
 #include "platform/Applications.h"
 #include "runtime/Collection.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/TaggedValue.h"
 
 // The Document Bridge opens documents in their office applications and keeps them in groups. These are the
 // members that the program uses. A number is a member's position in its interface, counted from 0 behind the

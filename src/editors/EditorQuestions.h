@@ -20,6 +20,8 @@ struct EditorQuestions {
   std::function<void()> endOffice;
   /// A new parser of HTML files.
   std::function<std::shared_ptr<IHtmlParser>()> newHtmlParser;
+  /// Whether a TRADOS package brings up the TRADOS tools; a program without a window of its own starts none.
+  bool bringsUpTradosTools = false;
 };
 extern EditorQuestions gEditorQuestions;
 

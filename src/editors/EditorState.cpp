@@ -13,6 +13,7 @@ namespace qb {
 
 std::int16_t gVisioWindows = 0;
 std::string gSessionStamp;
+std::string gUserID;
 
 namespace {
 

@@ -11,6 +11,9 @@ extern std::int16_t gVisioWindows;
 /// The moment the package was opened, 14 digits; a file written later counts as changed.
 extern std::string gSessionStamp;
 
+/// User name of the options.
+extern std::string gUserID;
+
 /// Switch both timers of the main window off and on, so that no poll runs while a document is handed over.
 void StopTimers();
 void StartTimers();

@@ -17,6 +17,7 @@
 #include "workflow/CommandReport.h"
 #include "workflow/RecentFiles.h"
 #include "workflow/Settings.h"
+#include "workflow/TradosTools.h"
 #include "workflow/TranslateMod.h"
 
 namespace qb {
@@ -95,6 +96,7 @@ void FinishOpening(const std::string& file) {
     QbtQuit(true);
     TheToolkit().EndProcess();  // even if the quit declined
   }
+  if (!ConnectTradosTools()) return;
   gSessionStamp = Now();
   InitAllForms();
   QbtRefresh();
@@ -159,6 +161,10 @@ void SwitchCommands(bool on) {
 
 void QbtOpen(std::string_view path) {
   Attempt([path] { Open(path); });
+  ReportOpening();
+}
+
+void ReportOpening() {
   // The wording names property translation although this opens a package: stays so.
   constexpr std::string_view kError =
       "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTOPEN.T.00088|An error has occurred during "

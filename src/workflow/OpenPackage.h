@@ -8,6 +8,9 @@ namespace qb {
 /// Opens a package; an empty path asks the user for it.
 void QbtOpen(std::string_view path);
 
+/// Reports a pending failure of opening, if there is one, and clears it.
+void ReportOpening();
+
 /// The open-file dialog for packages; empty when cancelled.
 std::string GetPxfFile();
 

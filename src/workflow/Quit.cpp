@@ -23,8 +23,13 @@ void int_Quit() {
     gPxfFile.reset();
     if (gPxfFile != nullptr) gPxfFile->UpdateFileSize();
     QbtSetRegistrySettings();
+    if (gMultiTerm != nullptr) gMultiTerm->Quit();
+    gMultiTerm.reset();
+    if (gTwb != nullptr) gTwb->Quit();
+    gTwb.reset();
     gMessageHandler.reset();
     TheToolkit().Unload(Default<frmQBTranslator>(), Form::kUnloadByCode);
+    gTwb.reset();
     gLoios.reset();
     gEditorSlots.reset();
     gPxfFile.reset();

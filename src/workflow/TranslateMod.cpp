@@ -23,7 +23,6 @@ std::int32_t gTimerInterval = 0;
 bool gViewDetailed = false;
 bool gTraceOn = false;
 bool gMessageHandlerReady = false;
-std::string gUserID;
 std::string gHelpFile;
 std::string gWebBrowser;
 std::string gInstallationPath;
@@ -109,6 +108,8 @@ void Main(std::string_view commandTail) {
 }
 
 void ResetProgramState() {
+  gMultiTerm.reset();
+  gTwb.reset();
   gEditorSlots.reset();
   gLoios.reset();
   gPxfFile.reset();

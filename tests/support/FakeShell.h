@@ -33,6 +33,7 @@ class FakeShell : public Shell {
   std::int32_t Start(std::string_view commandLine) override {
     started.emplace_back(commandLine);
     if (startFailure) throw *startFailure;
+    if (onStart) onStart();
     return startResult;
   }
 
@@ -47,6 +48,7 @@ class FakeShell : public Shell {
   std::vector<std::string> started;
   std::int32_t startResult = 1;              ///< what the next starts of a command line answer
   std::optional<RuntimeError> startFailure;  ///< what they raise instead
+  std::function<void()> onStart;             ///< what else happens at one
 
  private:
   ProcessHandle lastProcess_ = 0;

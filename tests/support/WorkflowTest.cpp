@@ -1,5 +1,6 @@
 #include "support/WorkflowTest.h"
 
+#include "editors/EditorQuestions.h"
 #include "foundation/OrbQBCommonFunctionsMod.h"
 #include "foundation/grvdRegistry.h"
 #include "runtime/Text.h"
@@ -15,6 +16,7 @@ WorkflowTest::WorkflowTest() {
   windows_ = Install<FakeWindows>(ThePlatform().windows);
   dde_ = Install<FakeDde>(ThePlatform().dde);
   clock_ = &UseFakeClock();
+  gEditorQuestions.bringsUpTradosTools = true;
 }
 
 WorkflowTest::~WorkflowTest() {

@@ -35,6 +35,7 @@ class TranslatorApp : public wxApp {
     qb::InstallPlatform(std::move(platform));
     qb::InstallHostOffice();
     qb::gEditorQuestions.newHtmlParser = qb::MakeGumboHtmlParser;
+    qb::gEditorQuestions.bringsUpTradosTools = true;
     qb::InstallToolkit(std::make_unique<qb::WxToolkit>());
     CallAfter([this] { Run(); });
     return true;

@@ -2,9 +2,12 @@
 
 #include "platform/CachedProfileFiles.h"
 #include "platform/PackageCodePage.h"
+#include "platform/win32/Win32ApplicationWindows.h"
+#include "platform/win32/Win32Automation.h"
 #include "platform/win32/Win32Clipboard.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32Environment.h"
+#include "platform/win32/Win32Dde.h"
 #include "platform/win32/Win32FileDialogs.h"
 #include "platform/win32/Win32FileSystem.h"
 #include "platform/win32/Win32Registry.h"
@@ -44,6 +47,9 @@ std::unique_ptr<Platform> MakeWin32Platform(const Win32PlatformOptions& options)
   platform->clipboard = std::make_unique<Win32Clipboard>();
   platform->clock = std::make_unique<Win32Clock>();
   platform->environment = std::make_unique<Win32Environment>();
+  platform->windows = std::make_unique<Win32ApplicationWindows>();
+  platform->automation = std::make_unique<Win32Automation>();
+  platform->dde = std::make_unique<Win32Dde>();
   platform->debugger = std::make_unique<Win32Debugger>();
   return platform;
 }

@@ -2,8 +2,9 @@
 // how: good, hang, die, refuse, garbage, huge. The item "stand_in_items" gives all items so far, each with a
 // line end.
 
-#include <ddeml.h>
 #include <windows.h>
+// Behind it, since it does not stand alone.
+#include <ddeml.h>
 
 #include <cstring>
 #include <string>

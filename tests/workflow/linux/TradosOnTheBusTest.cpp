@@ -1,0 +1,115 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "platform/HostPlatform.h"
+#include "platform/linux/LinuxApplicationWindows.h"
+#include "platform/linux/LinuxDde.h"
+#include "support/WorkflowTest.h"
+#include "support/dbus/SessionBusTest.h"
+#include "workflow/OpenPackage.h"
+
+namespace qb {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+constexpr std::string_view kPackage = R"(\pkg\Trans.pxf)";
+constexpr std::string_view kNoWorkbench = "Could not launch TRADOS Translator's Workbench.";
+
+/// A TRADOS package is opened beside a terminology tool that is a process of its own.
+class TradosOnTheBusTest : public WorkflowTest {
+ protected:
+  TradosOnTheBusTest() {
+    constexpr std::chrono::milliseconds kShort{700};
+    ThePlatform().dde = std::make_unique<LinuxDde>(kShort);
+    ThePlatform().windows = std::make_unique<LinuxApplicationWindows>(kShort);
+    MakeFolder(R"(\tools)");
+    std::filesystem::create_symlink(StandInMultiTerm::Program(), Native(R"(\tools\MtwpE.exe)"));
+    ThePlatform().registry->SetText(Hive::kCurrentUser, R"(Software\TRADOS\MTWPlus\Environment)",
+                                    "InstallPath-Team", R"(\tools)");
+    std::string text = SmallPackage();
+    const std::string general = "TRANSTYPE=GEN\r\n";
+    text.replace(text.find(general), general.size(), "TRANSTYPE=GEN_TWB\r\nTERMINOLOGY=terms.mtw\r\n");
+    Write(kPackage, text);
+    Write(R"(\pkg\terms.mtw)", "terms");
+  }
+  ~TradosOnTheBusTest() override { ResetProgramState(); }  // while the bus is there
+
+  bool IsUp() { return ThePlatform().windows->Find("MT4WIN", std::nullopt) != 0; }
+  /// The boxes in front of that of the Workbench, which is always the last one here.
+  std::vector<std::string> BoxesOfMultiTerm() {
+    std::vector<std::string> texts = Boxes().Texts();
+    EXPECT_FALSE(texts.empty());
+    if (texts.empty()) return texts;
+    EXPECT_THAT(texts.back(), HasSubstr(kNoWorkbench));
+    texts.pop_back();
+    return texts;
+  }
+  void OpenBeside(const std::string& mode) {
+    const StandInMultiTerm multiTerm(mode);
+    Start(kPackage);
+    EXPECT_EQ(gLoios->Count(), 2U);
+    EXPECT_TRUE(Window().mnuMark.Enabled);
+    EXPECT_THAT(TheShell().started, IsEmpty());
+  }
+
+  OwnSessionBus bus_;
+};
+
+TEST_F(TradosOnTheBusTest, Tool_OpensTheTerminologyByItsOwnPath) {
+  const StandInMultiTerm multiTerm("good");
+  Start(kPackage);
+  EXPECT_THAT(BoxesOfMultiTerm(), IsEmpty());
+  EXPECT_EQ(ThePlatform().dde->Connect("MT4WIN", "mt_init")->Request("stand_in_items"),
+            "\r\nmt_hide\r\nmt_hitlist_off\r\nmt_getfilename#\r\nmt_open#" +
+                Native(R"(\pkg\terms.mtw)").string() + "\r\n");
+}
+
+TEST_F(TradosOnTheBusTest, ToolThatHangs_IsReportedInTime) {
+  OpenBeside("hang");
+  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("#286: Timeout while waiting for DDE response")));
+}
+
+TEST_F(TradosOnTheBusTest, ToolThatDies_IsReported) {
+  OpenBeside("die");
+  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("#291: Foreign application quit")));
+}
+
+TEST_F(TradosOnTheBusTest, ToolThatRefuses_IsReportedWithItsWords) {
+  OpenBeside("refuse");
+  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("No such item")));
+}
+
+TEST_F(TradosOnTheBusTest, ToolThatAnswersNumbers_IsReported) {
+  OpenBeside("number");
+  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("#290: Data in wrong format")));
+}
+
+TEST_F(TradosOnTheBusTest, ToolThatAnswersTenMegabytes_HasNotLoadedTheTerminology) {
+  OpenBeside("huge");
+  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("Could not load terminology ''.")));
+}
+
+TEST_F(TradosOnTheBusTest, ToolThatTheProgramStarts_IsClosedByItAtTheEnd) {
+  const auto real =
+      MakeHostPlatform({Native(R"(\)").string(), (Native(R"(\)").parent_path() / "config").string()});
+  ThePlatform().shell = std::move(real->shell);
+  Start(kPackage);
+  EXPECT_THAT(BoxesOfMultiTerm(), IsEmpty());
+  ASSERT_TRUE(Eventually([this] { return IsUp(); }));
+  EXPECT_TRUE(EndsProcess([] { QbtQuit(false); }));
+  EXPECT_TRUE(Eventually([this] { return !IsUp(); }));
+}
+
+TEST_F(TradosOnTheBusTest, ToolOfTheUser_StaysOpen) {
+  const StandInMultiTerm multiTerm("good");
+  Start(kPackage);
+  EXPECT_TRUE(EndsProcess([] { QbtQuit(false); }));
+  EXPECT_TRUE(IsUp());
+}
+
+}  // namespace
+}  // namespace qb

@@ -1,5 +1,6 @@
 #include "platform/win32/Win32Dde.h"
 
+#include <optional>
 #include <utility>
 
 #include "platform/win32/SystemHeaders.h"
@@ -7,6 +8,7 @@
 #include "platform/win32/Win32TextCodec.h"
 #include "runtime/RuntimeError.h"
 // Behind the system's headers, since it does not stand alone.
+#include <dde.h>
 #include <ddeml.h>
 
 namespace qb {
@@ -27,9 +29,8 @@ class DdeInstance {
   DWORD Number() const { return number_; }
 
  private:
-  static HDDEDATA CALLBACK Callback(UINT, UINT, HCONV, HSZ, HSZ, HDDEDATA, ULONG_PTR, ULONG_PTR) {
-    return nullptr;
-  }
+  static HDDEDATA CALLBACK Callback(UINT type, UINT, HCONV, HSZ, HSZ, HDDEDATA data, ULONG_PTR transaction,
+                                    ULONG_PTR);
 
   DWORD number_ = 0;
 };
@@ -56,16 +57,31 @@ class DdeText {
   HSZ handle_;
 };
 
-/// The text in an answer, up to its terminator.
-std::string TextIn(HDDEDATA data) {
+/// Deals with what has come for conversations meanwhile.
+void TakeWaitingMessages() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, WM_DDE_FIRST, WM_DDE_LAST, PM_REMOVE) != FALSE) {
+    DispatchMessageW(&message);
+  }
+}
+
+/// A request that is under way.
+struct PendingRequest {
+  DWORD transaction = 0;
+  bool done = false;
+  std::optional<std::string> answer;  // bytes up to the terminator; nothing if it was refused
+};
+PendingRequest* pending = nullptr;
+
+/// The bytes in an answer up to their terminator.
+std::string BytesIn(HDDEDATA data) {
   DWORD size = 0;
   const char* const bytes = reinterpret_cast<const char*>(DdeAccessData(data, &size));
-  if (bytes == nullptr) throw RuntimeError(failure::kDdeWrongFormat);
-  Win32TextCodec codec;
-  const std::string_view text = std::string_view(bytes, size);
-  std::string decoded = codec.Decode(text.substr(0, text.find('\0')), codec.SystemCodePage());
+  if (bytes == nullptr) return {};
+  const std::string_view all(bytes, size);
+  std::string text(all.substr(0, all.find('\0')));
   DdeUnaccessData(data);
-  return decoded;
+  return text;
 }
 
 class Win32Conversation : public DdeConversation {
@@ -81,12 +97,19 @@ class Win32Conversation : public DdeConversation {
     if (!IsOpen()) throw RuntimeError(failure::kForeignApplicationQuit);
     if (item.empty()) return {};
     const DdeText name(*instance_, item);
-    const HDDEDATA data = DdeClientTransaction(nullptr, 0, conversation_, name.Handle(), CF_TEXT,
-                                               XTYP_REQUEST, static_cast<DWORD>(timeout_.count()), nullptr);
-    if (data == nullptr) Raise(DdeGetLastError(instance_->Number()), item);
-    std::string answer = TextIn(data);
-    DdeFreeDataHandle(data);
-    return answer;
+    TakeWaitingMessages();
+    // Not the library's own wait: that of Wine takes any message in between for a refusal.
+    PendingRequest request;
+    pending = &request;
+    const HDDEDATA begun = DdeClientTransaction(nullptr, 0, conversation_, name.Handle(), CF_TEXT,
+                                                XTYP_REQUEST, TIMEOUT_ASYNC, &request.transaction);
+    if (begun != nullptr) WaitFor(request);
+    pending = nullptr;
+    // Also one that is over: Wine's library leaves it in front of the next one.
+    if (begun != nullptr) DdeAbandonTransaction(instance_->Number(), conversation_, 0);
+    if (!request.answer) Raise(begun != nullptr && !request.done, item);
+    Win32TextCodec codec;
+    return codec.Decode(*request.answer, codec.SystemCodePage());
   }
 
   bool IsOpen() override {
@@ -97,11 +120,18 @@ class Win32Conversation : public DdeConversation {
   }
 
  private:
-  [[noreturn]] void Raise(UINT error, std::string_view item) {
-    if (!IsOpen() || error == DMLERR_SERVER_DIED || error == DMLERR_NO_CONV_ESTABLISHED) {
-      throw RuntimeError(failure::kForeignApplicationQuit);
+  void WaitFor(const PendingRequest& request) {
+    constexpr DWORD kLook = 50;  // milliseconds between two looks whether the other program lives
+    const ULONGLONG start = GetTickCount64();
+    while (!request.done && IsOpen() && GetTickCount64() - start < static_cast<ULONGLONG>(timeout_.count())) {
+      MsgWaitForMultipleObjects(0, nullptr, FALSE, kLook, QS_POSTMESSAGE);
+      TakeWaitingMessages();
     }
-    if (error == DMLERR_DATAACKTIMEOUT) throw RuntimeError(failure::kDdeTimeout);
+  }
+
+  [[noreturn]] void Raise(bool unanswered, std::string_view item) {
+    if (!IsOpen()) throw RuntimeError(failure::kForeignApplicationQuit);
+    if (unanswered) throw RuntimeError(failure::kDdeTimeout);
     RaiseAbout(failure::kForeignApplicationRefuses, item);
   }
 
@@ -124,6 +154,14 @@ void RaiseIfHung(std::string_view application, std::chrono::milliseconds timeout
 }
 
 }  // namespace
+
+HDDEDATA CALLBACK DdeInstance::Callback(UINT type, UINT, HCONV, HSZ, HSZ, HDDEDATA data,
+                                        ULONG_PTR transaction, ULONG_PTR) {
+  if (type != XTYP_XACT_COMPLETE || pending == nullptr || transaction != pending->transaction) return nullptr;
+  pending->done = true;
+  if (data != nullptr) pending->answer = BytesIn(data);
+  return nullptr;
+}
 
 std::unique_ptr<DdeConversation> Win32Dde::Connect(std::string_view application, std::string_view topic) {
   if (instance_ == nullptr) instance_ = std::make_shared<DdeInstance>();

@@ -110,7 +110,15 @@ class Factory : public IClassFactory {
 
 Factory factory;
 
+DWORD active = 0;
+DWORD registered = 0;
+
 LRESULT CALLBACK OnMessage(HWND receiver, UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_CLOSE) {
+    // Before the window goes: who sees that it has gone may start the next one.
+    if (active != 0) RevokeActiveObject(active, nullptr);
+    if (registered != 0) CoRevokeClassObject(registered);
+  }
   if (message == WM_DESTROY) PostQuitMessage(0);
   return DefWindowProcW(receiver, message, first, second);
 }
@@ -122,8 +130,6 @@ int main(int argc, char** argv) {
   const bool isMute = argc > 1 && std::string(argv[1]) == "mute";
   CLSID identifier{};
   CLSIDFromString(kWorkbenchClass, &identifier);
-  DWORD active = 0;
-  DWORD registered = 0;
   if (!isMute) {
     RegisterActiveObject(&application, identifier, ACTIVEOBJECT_STRONG, &active);
     CoRegisterClassObject(identifier, &factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &registered);
@@ -136,10 +142,6 @@ int main(int argc, char** argv) {
                          nullptr, nullptr, nullptr, nullptr);
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
-  if (!isMute) {
-    RevokeActiveObject(active, nullptr);
-    CoRevokeClassObject(registered);
-  }
   CoUninitialize();
   return 0;
 }

@@ -96,12 +96,13 @@ TEST_F(TradosOnTheBusTest, ToolThatAnswersTenMegabytes_HasNotLoadedTheTerminolog
 TEST_F(TradosOnTheBusTest, ToolThatTheProgramStarts_IsClosedByItAtTheEnd) {
   const auto real =
       MakeHostPlatform({Native(R"(\)").string(), (Native(R"(\)").parent_path() / "config").string()});
-  ThePlatform().shell = std::move(real->shell);
+  std::swap(ThePlatform().shell, real->shell);
   Start(kPackage);
   EXPECT_THAT(BoxesOfMultiTerm(), IsEmpty());
   ASSERT_TRUE(Eventually([this] { return IsUp(); }));
   EXPECT_TRUE(EndsProcess([] { QbtQuit(false); }));
   EXPECT_TRUE(Eventually([this] { return !IsUp(); }));
+  std::swap(ThePlatform().shell, real->shell);
 }
 
 TEST_F(TradosOnTheBusTest, ToolOfTheUser_StaysOpen) {

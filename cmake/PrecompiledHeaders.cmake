@@ -1,5 +1,5 @@
-# Compiling every source twice a test run, once for each platform, has to be cheap: the libraries' headers are read
-# once for all rooms, and once for all their tests.
+# Compiling every source for each platform in one test run has to be cheap: the libraries' headers are read once for all
+# tests, and for Windows once for all rooms. On Linux the linter reads the rooms, for which less is more.
 function(precompile_for_room name)
   if(name STREQUAL runtime)
     target_precompile_headers(

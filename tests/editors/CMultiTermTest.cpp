@@ -39,7 +39,10 @@ class CMultiTermTest : public TradosTest {
     Err.Set(RuntimeError(failure::kTypeMismatch));
     return {};
   }
-  std::string OpenItem() { return "mt_open#" + Native(kTerms).string(); }
+  static std::string TermsAsOldProgramsSeeThem() {
+    return ThePlatform().files->ShortPathName(kTerms).value_or("");
+  }
+  static std::string OpenItem() { return "mt_open#" + TermsAsOldProgramsSeeThem(); }
 
   CMultiTerm link_;
   int rounds_ = 0;  ///< how often events ran
@@ -157,7 +160,7 @@ TEST_F(CMultiTermTest, Load_SecondFile_ProbesWithTheFirst) {
   EXPECT_TRUE(link_.Load(kTerms));
   TheDde().Forget();
   EXPECT_TRUE(link_.Load(kTerms));
-  EXPECT_THAT(Items(), ElementsAre("mt_getfilename#" + Native(kTerms).string(), OpenItem()));
+  EXPECT_THAT(Items(), ElementsAre("mt_getfilename#" + TermsAsOldProgramsSeeThem(), OpenItem()));
 }
 
 TEST_F(CMultiTermTest, Load_NotReadyYet_WaitsLettingEventsRun) {

@@ -69,10 +69,11 @@ TEST_F(HelpModTest, QbtOnlineHelp_FollowsTheInterfaceLanguage) {
 }
 
 TEST_F(HelpModTest, QbtOnlineHelp_NoSuchFile_TheBoxShowsTheSettingAndNotThePath) {
+  gHelpFile = R"(en\none.chm)";
   QbtOnlineHelp();
   EXPECT_THAT(TheShell().started, IsEmpty());
   ASSERT_EQ(Boxes().Shown().size(), 1U);
-  EXPECT_EQ(Boxes().Shown()[0].text, R"(Could not find online help file: 'en\00005554.chm')");
+  EXPECT_EQ(Boxes().Shown()[0].text, R"(Could not find online help file: 'en\none.chm')");
   EXPECT_EQ(Boxes().Shown()[0].style, box::kOkOnly);
 }
 

@@ -226,18 +226,6 @@ TEST_F(TranslateTest, QbtTranslate_DocumentFileIsALinkOutOfThePackage_StartsNoth
   EXPECT_THAT(TheShell().requests, IsEmpty());
 }
 
-TEST_F(TranslateTest, QbtTranslate_NameWithAQuote_IsNoParameterOfTheEditor) {
-  std::string text = SmallPackage();
-  text.replace(text.find("2FILE_NAME1=styles.css"), 22, "2FILE_NAME1=a\" --run \"b.css");
-  Write(R"(\hostile\Trans.pxf)", text);
-  Write(R"(\hostile\dst\styles.css)", "x");
-  Write("\\hostile\\src\\a\" --run \"b.css", "x");
-  QbtOpen(R"(\hostile\Trans.pxf)");
-  SelectNode("DOC1");
-  QbtTranslate();
-  for (const ShellRequest& request : TheShell().requests) EXPECT_EQ(request.parameters, "");
-}
-
 TEST_F(TranslateTest, Tick_DuringTheBoxOfAnEndingSession_EndsItOnce) {
   gLoios->Item("DOC1")->ContentEditTransition();
   std::string text = SmallPackage();

@@ -1,4 +1,5 @@
-// The compiled half of {fmt}, whose headers hold it too. As headers only, it would be compiled again for every source.
+// The compiled half of {fmt}, whose headers hold it too. As headers only, it would be compiled again for
+// every source.
 #include <fmt/format-inl.h>
 
 namespace fmt {

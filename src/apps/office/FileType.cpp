@@ -52,8 +52,8 @@ bool HasMark(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   const std::string text{std::istreambuf_iterator<char>(file), {}};
   if (text.find('\0') != std::string::npos) return false;
-  for (std::size_t mark = text.find('<'); mark + 1 < text.size(); mark = text.find('<', mark + 1)) {
-    const char next = text[mark + 1];
+  for (std::size_t mark = text.find('<'); mark != std::string::npos; mark = text.find('<', mark + 1)) {
+    const char next = mark + 1 < text.size() ? text[mark + 1] : ' ';
     if (next == '!' || next == '/' || std::isalpha(static_cast<unsigned char>(next))) return true;
   }
   return false;

@@ -18,6 +18,9 @@ using std::chrono::milliseconds;
 constexpr std::string_view kModule = "LibreOffice";
 constexpr std::int32_t kProfileTaken = 3;
 constexpr std::size_t kTracedBytes = 200;
+/// Seconds that the helper waits for its office. It has to give up before we give up the helper, even where
+/// it closes two documents, one after the other: a dialog that stands open would cost all sessions otherwise.
+constexpr const char* kPatience = "40";
 
 milliseconds Since(SteadyClock::time_point start) {
   return std::chrono::duration_cast<milliseconds>(SteadyClock::now() - start);
@@ -100,8 +103,9 @@ void OfficeClient::Start() {
   events.ended = [self](std::int32_t status) {
     if (const auto alive = self.lock()) alive->TakeEnd(status);
   };
-  process_ = ThePlatform().helpers->Start(options_.helper, {"--profile", ProfileToStart()}, std::move(events),
-                                          options_.limits.line);
+  process_ =
+      ThePlatform().helpers->Start(options_.helper, {"--profile", ProfileToStart(), "--patience", kPatience},
+                                   std::move(events), options_.limits.line);
   ended_ = process_ == nullptr;
   runs_ = !ended_;
   Trace(2, kModule, "Start", "{} with {}: {}", options_.helper, ProfileToStart(),

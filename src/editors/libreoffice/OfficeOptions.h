@@ -8,7 +8,7 @@ namespace qb {
 
 /// How long things may take and how large they may be.
 struct OfficeLimits {
-  std::chrono::milliseconds answer{60000};   ///< then the helper counts as dead
+  std::chrono::milliseconds answer{90000};   ///< then the helper counts as dead
   std::chrono::milliseconds end{5000};       ///< for the helper to end when it was asked to
   std::chrono::milliseconds patience{1000};  ///< a wait this long is shown to the user
   std::chrono::milliseconds slice{50};       ///< between two paintings of the window

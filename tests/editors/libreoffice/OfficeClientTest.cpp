@@ -25,7 +25,7 @@ TEST_F(OfficeClientTest, TheHelperStartsAtTheFirstDocumentWithAProfileOfItsOwn) 
   Bridge();
   EXPECT_THAT(Starts(), ElementsAre());
   OpenOne();
-  EXPECT_THAT(Starts(), ElementsAre("--profile " + Profile(1)));
+  EXPECT_THAT(Starts(), ElementsAre(StartWith(1)));
 }
 
 TEST_F(OfficeClientTest, ThePathIsSentAsTheSystemWritesIt) {
@@ -80,14 +80,14 @@ TEST_F(OfficeClientTest, AHelperThatHangsIsEndedAndTheNextOpenStartsANewOne) {
   EXPECT_EQ("LibreOffice does not answer.", RaisedBy([&] { OpenOne(); }));
   EXPECT_NE(nullptr, OpenOne());
   // The office that hangs keeps its profile.
-  EXPECT_THAT(Starts(), ElementsAre("--profile " + Profile(1), "--profile " + Profile(2)));
+  EXPECT_THAT(Starts(), ElementsAre(StartWith(1), StartWith(2)));
 }
 
 TEST_F(OfficeClientTest, AHelperThatDiesInACallRaisesAndTheNextOpenStartsANewOne) {
   Script({kReady, "on open", "kill"});
   EXPECT_EQ("LibreOffice has ended.", RaisedBy([&] { OpenOne(); }));
   EXPECT_NE(nullptr, OpenOne());
-  EXPECT_THAT(Starts(), ElementsAre("--profile " + Profile(1), "--profile " + Profile(1)));
+  EXPECT_THAT(Starts(), ElementsAre(StartWith(1), StartWith(1)));
 }
 
 TEST_F(OfficeClientTest, AnOfficeThatCannotStartIsToldWithItsReason) {
@@ -115,8 +115,7 @@ TEST_F(OfficeClientTest, TheFirstProfileThatNoOtherProgramUsesIsTaken) {
   Script({"exit 3"});
   Script({"exit 3"});
   EXPECT_NE(nullptr, OpenOne());
-  EXPECT_THAT(Starts(),
-              ElementsAre("--profile " + Profile(1), "--profile " + Profile(2), "--profile " + Profile(3)));
+  EXPECT_THAT(Starts(), ElementsAre(StartWith(1), StartWith(2), StartWith(3)));
   EXPECT_THAT(Calls(), ElementsAre("open"));
 }
 

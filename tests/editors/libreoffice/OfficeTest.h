@@ -48,6 +48,8 @@ class OfficeTest : public WorkflowTest {
   nlohmann::json Request(std::string_view call) const;
   /// The arguments of each start of the helper.
   std::vector<std::string> Starts() const;
+  /// The arguments of a start with this profile.
+  std::string StartWith(int profile) const { return "--profile " + Profile(profile) + " --patience 40"; }
   /// Runs `body`, which must raise, and gives the description.
   std::string RaisedBy(const std::function<void()>& body);
 

@@ -38,9 +38,9 @@ class OfficeTest(WindowCase):
     def progress(self, state, document=WORD):
         road.wait_for_progress(self.package, document, state)
 
-    def links(self):
-        """The addresses that the package holds for the Word document's translation."""
-        section = self.package_value("1ADDSECTION", WORD)
+    def links(self, document=WORD):
+        """The addresses that the package holds for the document's translation."""
+        section = self.package_value("1ADDSECTION", document)
         values, here = {}, False
         for line in self.package.read_text("cp1252").splitlines():
             if line.startswith("["):
@@ -60,9 +60,21 @@ class OfficeTest(WindowCase):
         self.progress(CHANGED)
         self.assertNotEqual(before, CHANGED)
         desktop.wait_until(lambda: self.links(), "links in the package")
+        self.assertEqual(self.package_value("1STATE", WORD), "MODIFIED")
         pair.close(pair.translation)
         pair.wait_until_gone()
         self.progress(CHANGED)
+
+    def test_completed_page_that_is_saved_again_is_changed(self):
+        pair = self.translate(PAGE, PAGE_FILE)
+        pair.write("Translated words ")
+        pair.save()
+        self.progress("MODIFIED", PAGE)
+        self.assertEqual(self.links(PAGE), ["../stoerungen/stoerungen.htm"])
+        self.assertEqual(self.package_value("1STATE", PAGE), "MODIFIED")
+        pair.close(pair.translation)
+        pair.wait_until_gone()
+        self.progress("MODIFIED", PAGE)
 
     def test_document_is_saved_at_its_close(self):
         pair = self.translate(WORD, WORD_FILE)

@@ -25,6 +25,12 @@ class TradosTest : public WorkflowTest {
     TheAutomation().made["TW4Win.Application"] = workbench_;
     TheAutomation().active["TW4Win.Application"] = workbench_;
   }
+  /// The program ends after this, and must find no tool that is gone.
+  ~TradosTest() override {
+    TheShell().onStart = nullptr;
+    TheWindows().onKeys = nullptr;
+    TheDde().SetPartner(nullptr);
+  }
 
   void InstallMultiTerm() {
     Write(kProgram, "program");

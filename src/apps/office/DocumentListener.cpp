@@ -16,12 +16,12 @@ namespace document = com::sun::star::document;
 namespace lang = com::sun::star::lang;
 
 DocumentListener::DocumentListener(int document, std::string path, std::string kind, std::string copy,
-                                   Reference<uno::XComponentContext> context, Happenings& happenings)
+                                   const Reference<uno::XComponentContext>& context, Happenings& happenings)
     : document_(document),
       path_(std::move(path)),
       kind_(std::move(kind)),
       copy_(std::move(copy)),
-      context_(std::move(context)),
+      context_(context),
       happenings_(happenings) {
 }
 

@@ -25,7 +25,7 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
  public:
   /// `happenings` outlives the line to the office. `copy` is where the document may write its last words.
   DocumentListener(int document, std::string path, std::string kind, std::string copy,
-                   com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> context,
+                   const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>& context,
                    Happenings& happenings);
 
   /// Begins to listen; only inside a call on the office's main thread.

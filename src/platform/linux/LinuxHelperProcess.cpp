@@ -41,7 +41,7 @@ LinuxHelperProcess::~LinuxHelperProcess() {
   Remove(outputSource_);
   Remove(endSource_);
   if (ended_) return;
-  Kill();
+  LinuxHelperProcess::Kill();
   StatusOf(ends_.process);
 }
 

@@ -12,7 +12,7 @@ namespace qb {
 
 /// A running helper: a socket to its standard input, a pipe from its standard output, and a descriptor that
 /// tells of its end even if the pipe lives on in a child of the helper.
-class LinuxHelperProcess : public HelperProcess {
+class LinuxHelperProcess final : public HelperProcess {
  public:
   struct Ends {
     pid_t process = 0;

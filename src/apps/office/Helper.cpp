@@ -155,9 +155,8 @@ int RunHelper(const Places& places, milliseconds patience) {
     RunningOffice office(places, happenings);
     WriteLine({{"event", "ready"}});
     RequestLoop(office, happenings, places, patience).Run();
-    // Before the wait: who asks for a document right now shall start another helper.
-    WriteLine({{"event", "ended"}});
     office.WaitForEnd();
+    WriteLine({{"event", "ended"}});
     return EXIT_SUCCESS;
   } catch (const std::exception& failure) {
     WriteLine({{"event", "failed"}, {"text", failure.what()}});

@@ -111,7 +111,10 @@ class OfficeTest(WindowCase):
 
     def test_document_comes_back_from_an_office_that_dies_and_goes_out_again(self):
         before = self.package_value("PROGRESS", WORD)
-        self.translate(WORD, WORD_FILE)
+        pair = self.translate(WORD, WORD_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
+        # The program takes notice of its user again when the opening is over.
+        desktop.wait_until(lambda: self.select(SLIDES), f"selection of {SLIDES}")
         office.kill_office()
         self.progress(before)
         pair = self.translate(WORD, WORD_FILE)

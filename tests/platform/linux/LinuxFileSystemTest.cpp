@@ -35,25 +35,6 @@ TEST_F(LinuxFileSystemTest, Paths_WithoutARootOfTheirOwn_AreThoseOfTheMachine) {
   EXPECT_EQ(LinuxFileSystem().Read(path), "1");
 }
 
-TEST_F(LinuxFileSystemTest, RelativePath_StartsInTheCurrentDirectory) {
-  Put(R"(\work\b.txt)", "1");
-  const std::filesystem::path before = std::filesystem::current_path();
-  EXPECT_EQ(files_.CurrentDirectory(), R"(\)") << "the present one lies outside of the drive";
-  std::filesystem::current_path(Native(R"(\work)"));
-  EXPECT_EQ(files_.CurrentDirectory(), R"(\work)");
-  EXPECT_EQ(files_.Read("b.txt"), "1");
-  EXPECT_THAT(files_.Search("", kOrdinary), ElementsAre("b.txt"));
-  EXPECT_EQ(files_.Resolved("b.txt"), R"(\work\b.txt)");
-  std::filesystem::current_path(before);
-}
-
-TEST_F(LinuxFileSystemTest, Names_AreLookedUpInAnyCaseComponentByComponent) {
-  Put(R"(\Pkg\Dst\ÜBER.Doc)", "1");
-  EXPECT_EQ(files_.Read(R"(\pKG\DST\über.dOC)"), "1");
-  EXPECT_EQ(files_.Find(R"(\PKG\dst\über.doc)")->name, "ÜBER.Doc");
-  EXPECT_EQ(files_.Read(R"(\PKG\dst\..\DST\.\über.doc)"), "1");
-}
-
 TEST_F(LinuxFileSystemTest, Names_ThatStandAsAskedForComeFirst) {
   Put(R"(\name)", "lower");
   Put(R"(\NAME)", "upper");
@@ -73,14 +54,6 @@ TEST_F(LinuxFileSystemTest, Names_MadeAfterALookUp_AreFound) {
     std::filesystem::remove(Native(R"(\d\)" + name));
     EXPECT_FALSE(files_.Find(R"(\d\NAME)" + std::to_string(i)).has_value());
   }
-}
-
-TEST_F(LinuxFileSystemTest, NewFiles_GoIntoTheFolderOfAnyCase) {
-  Put(R"(\Dst\old)", "");
-  files_.OpenForWriting(R"(\DST\new)")->Write("1");
-  files_.ReplaceContent(R"(\dST\OLD)", {"2"});
-  EXPECT_EQ(Content(R"(\Dst\new)"), "1");
-  EXPECT_EQ(Content(R"(\Dst\old)"), "2");
 }
 
 TEST_F(LinuxFileSystemTest, HostilePaths_FindNothing) {
@@ -122,90 +95,9 @@ TEST_F(LinuxFileSystemTest, Find_TellsWhatTheSystemKnows) {
   EXPECT_EQ(files_.Find(R"(\d\)")->name, "d");
 }
 
-TEST_F(LinuxFileSystemTest, Search_WithoutWildcards_FindsTheFileItself) {
-  Put(R"(\d\F.txt)", "");
-  EXPECT_THAT(files_.Search(R"(\D\f.TXT)", kOrdinary), ElementsAre("F.txt"));
-  EXPECT_THAT(files_.Search(R"(\d)", kOrdinary), IsEmpty()) << "a folder comes only if asked for";
-  EXPECT_THAT(files_.Search(R"(\d)", attribute::kDirectory), ElementsAre("d"));
-  EXPECT_THAT(files_.Search(R"(\d\g.txt)", kOrdinary), IsEmpty());
-}
-
-TEST_F(LinuxFileSystemTest, Search_Patterns_Table) {
-  for (const std::string_view name : {"a.doc", "B.DOC", "b.ppt", "noext", "x1.doc", "[y].doc"}) {
-    Put(R"(\d\)" + std::string(name), "");
-  }
-  std::filesystem::create_directory(Native(R"(\d\sub.doc)"));
-  struct Row {
-    std::string_view pattern;
-    unsigned attributes;
-    std::vector<std::string> names;
-  };
-  for (const Row& row : std::vector<Row>{
-           {"*.*", kOrdinary, {"B.DOC", "[y].doc", "a.doc", "b.ppt", "noext", "x1.doc"}},
-           {"*", kOrdinary, {"B.DOC", "[y].doc", "a.doc", "b.ppt", "noext", "x1.doc"}},
-           {"", kOrdinary, {"B.DOC", "[y].doc", "a.doc", "b.ppt", "noext", "x1.doc"}},
-           {"*.doc", kOrdinary, {"B.DOC", "[y].doc", "a.doc", "x1.doc"}},
-           {"*.doc", attribute::kDirectory, {"B.DOC", "[y].doc", "a.doc", "sub.doc", "x1.doc"}},
-           {"?.DOC", kOrdinary, {"B.DOC", "a.doc"}},
-           {"[y]*", kOrdinary, {"[y].doc"}},
-           {"*.xls", kOrdinary, {}},
-       }) {
-    EXPECT_THAT(files_.Search(R"(\d\)" + std::string(row.pattern), row.attributes),
-                ::testing::UnorderedElementsAreArray(row.names))
-        << row.pattern;
-  }
-}
-
 TEST_F(LinuxFileSystemTest, Search_ComesInTheOrderOfUpperCaseNames) {
   for (const std::string_view name : {"b", "C", "a"}) Put(R"(\d\)" + std::string(name), "");
   EXPECT_THAT(files_.Search(R"(\d\*)", kOrdinary), ElementsAre("a", "b", "C"));
-}
-
-TEST_F(LinuxFileSystemTest, Search_UnknownFolder_GivesNone) {
-  EXPECT_THAT(files_.Search(R"(\no\*.*)", kOrdinary), IsEmpty());
-  EXPECT_THAT(files_.Search(R"(\no\f)", kOrdinary), IsEmpty());
-}
-
-TEST_F(LinuxFileSystemTest, Failures_Table) {
-  Put(R"(\file)", "x");
-  Put(R"(\readonly)", "x");
-  ASSERT_EQ(chmod(Native(R"(\readonly)").c_str(), 0444), 0);
-  std::filesystem::create_directory(Native(R"(\folder)"));
-  EXPECT_EQ(Raised([&] { files_.Read(R"(\no)"); }), failure::kFileNotFound);
-  EXPECT_EQ(Raised([&] { files_.Read(R"(\no\no)"); }), failure::kPathNotFound);
-  EXPECT_EQ(Raised([&] { files_.Read(R"(\file\no)"); }), failure::kPathNotFound);
-  EXPECT_EQ(Raised([&] { files_.Read(R"(\folder)"); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.OpenForWriting(R"(\no\no)"); }), failure::kPathNotFound);
-  EXPECT_EQ(Raised([&] { files_.OpenForWriting(R"(\folder)"); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.OpenForWriting(R"(\readonly)"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.OpenForAppending(R"(\readonly)"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\readonly)", {"y"}); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\folder)", {"y"}); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\no\no)", {"y"}); }), failure::kPathNotFound);
-  EXPECT_EQ(Raised([&] { files_.Copy(R"(\no)", R"(\to)"); }), failure::kFileNotFound);
-  EXPECT_EQ(Raised([&] { files_.Copy(R"(\folder)", R"(\to)"); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.Copy(R"(\file)", R"(\no\to)"); }), failure::kPathNotFound);
-  EXPECT_EQ(Raised([&] { files_.Copy(R"(\file)", R"(\readonly)"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.Remove(R"(\no)"); }), failure::kFileNotFound);
-  EXPECT_EQ(Raised([&] { files_.Remove(R"(\folder)"); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.Remove(R"(\readonly)"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.CheckRemovable(R"(\no)"); }), failure::kFileNotFound);
-  EXPECT_EQ(Raised([&] { files_.CheckRemovable(R"(\folder)"); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.CheckRemovable(R"(\readonly)"); }), failure::kPermissionDenied);
-  EXPECT_EQ(Raised([&] { files_.MakeDirectory(R"(\folder)"); }), failure::kPathFileAccess);
-  EXPECT_EQ(Raised([&] { files_.MakeDirectory(R"(\no\no)"); }), failure::kPathNotFound);
-  EXPECT_EQ(Raised([&] { files_.SetAttributes(R"(\no)", 0); }), failure::kFileNotFound);
-  EXPECT_EQ(Raised([&] { files_.Lock(R"(\no\no)"); }), failure::kPathNotFound);
-  EXPECT_EQ(Content(R"(\readonly)"), "x");
-}
-
-TEST_F(LinuxFileSystemTest, Failures_NameThePath) {
-  try {
-    files_.Read(R"(\no)");
-    FAIL() << "nothing was raised";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Description(), R"(File not found ('\no'))");
-  }
 }
 
 TEST_F(LinuxFileSystemTest, Pipes_AreNoFilesToRead) {
@@ -217,22 +109,6 @@ TEST_F(LinuxFileSystemTest, Pipes_AreNoFilesToRead) {
   EXPECT_NE(Raised([&] { files_.OpenForWriting(R"(\pipe)"); }), 0);
 }
 
-TEST_F(LinuxFileSystemTest, CheckRemovable_LeavesTheFile) {
-  Put(R"(\f)", "x");
-  files_.CheckRemovable(R"(\F)");
-  EXPECT_EQ(Content(R"(\f)"), "x");
-}
-
-TEST_F(LinuxFileSystemTest, SetAttributes_TurnsTheReadOnlyBit) {
-  Put(R"(\f)", "x");
-  files_.SetAttributes(R"(\f)", attribute::kReadOnly | attribute::kArchive);
-  EXPECT_EQ(files_.Find(R"(\f)")->attributes, attribute::kReadOnly);
-  files_.SetAttributes(R"(\f)", files_.Find(R"(\f)")->attributes - attribute::kReadOnly);
-  EXPECT_EQ(files_.Find(R"(\f)")->attributes, 0U);
-  files_.Remove(R"(\f)");
-  EXPECT_FALSE(Exists(R"(\f)"));
-}
-
 TEST_F(LinuxFileSystemTest, SetAttributes_ThatChangesNothing_KeepsTheMode) {
   Put(R"(\f)", "x");
   ASSERT_EQ(chmod(Native(R"(\f)").c_str(), 0664), 0);
@@ -240,24 +116,10 @@ TEST_F(LinuxFileSystemTest, SetAttributes_ThatChangesNothing_KeepsTheMode) {
   EXPECT_EQ(Mode(R"(\f)"), 0664U);
 }
 
-TEST_F(LinuxFileSystemTest, Stamp_ChangesWithTheFile) {
-  EXPECT_FALSE(files_.Stamp(R"(\f)").has_value());
-  Put(R"(\f)", "1");
-  const std::optional<FileStamp> first = files_.Stamp(R"(\f)");
-  EXPECT_EQ(files_.Stamp(R"(\F)"), first);
-  Put(R"(\f)", "12");
-  EXPECT_NE(files_.Stamp(R"(\f)"), first);
-  EXPECT_FALSE(files_.Stamp(R"(\)").has_value()) << "a folder is no file";
-}
-
-TEST_F(LinuxFileSystemTest, Resolved_TakesOutLinksAndDots) {
+TEST_F(LinuxFileSystemTest, Resolved_TakesOutLinks) {
   Put(R"(\pkg\Dst\f)", "");
   std::filesystem::create_symlink("pkg", Native(R"(\link)"));
   EXPECT_EQ(files_.Resolved(R"(\link\dst\.\f)"), R"(\pkg\Dst\f)");
-  EXPECT_EQ(files_.Resolved(R"(\pkg\dst\..\new\..\other)"), R"(\pkg\other)");
-  EXPECT_EQ(files_.Resolved(R"(\pkg\no\..\..\f)"), R"(\f)");
-  EXPECT_EQ(files_.Resolved(R"(\pkg\)"), R"(\pkg)");
-  EXPECT_EQ(files_.Resolved(R"(\)"), R"(\)");
 }
 
 TEST_F(LinuxFileSystemTest, Resolved_PathThatLeavesTheDrive_IsSeenToDoSo) {
@@ -269,13 +131,6 @@ TEST_F(LinuxFileSystemTest, ProgramDirectory_IsWhereTheProgramStands) {
   std::string directory = LinuxFileSystem().ProgramDirectory();
   std::replace(directory.begin(), directory.end(), '\\', '/');
   EXPECT_EQ(directory, std::filesystem::read_symlink("/proc/self/exe").parent_path());
-}
-
-TEST_F(LinuxFileSystemTest, Lock_LeavesNoFile_AndMayBeTakenTwiceInOneProcess) {
-  Put(R"(\d\f)", "x");
-  const auto first = files_.Lock(R"(\d\f)");
-  const auto second = LinuxFileSystem(Root()).Lock(R"(\D\other)");
-  EXPECT_THAT(NamesIn(R"(\d)"), ElementsAre("f"));
 }
 
 }  // namespace

@@ -19,21 +19,6 @@ using ::testing::ElementsAre;
 
 class LinuxFileWritingTest : public LinuxFileSystemTest {};
 
-TEST_F(LinuxFileWritingTest, Writer_BytesAreThereAfterFlushOrEnd) {
-  Put(R"(\f)", "old");
-  auto writer = files_.OpenForWriting(R"(\f)");
-  writer->Write("a");
-  writer->Flush();
-  EXPECT_EQ(Content(R"(\f)"), "a");
-  writer->Write("b");
-  writer.reset();
-  EXPECT_EQ(Content(R"(\f)"), "ab");
-  files_.OpenForAppending(R"(\f)")->Write("c");
-  files_.OpenForAppending(R"(\new)")->Write("d");
-  EXPECT_EQ(Content(R"(\f)"), "abc");
-  EXPECT_EQ(Content(R"(\new)"), "d");
-}
-
 TEST_F(LinuxFileWritingTest, Copy_TakesContentModeAndTime) {
   Put(R"(\from)", std::string(3'000'000, 'x') + "end");
   Put(R"(\to)", "something longer before it");
@@ -46,12 +31,6 @@ TEST_F(LinuxFileWritingTest, Copy_TakesContentModeAndTime) {
   EXPECT_EQ(files_.Find(R"(\to)")->lastWrite, files_.Find(R"(\from)")->lastWrite);
 }
 
-TEST_F(LinuxFileWritingTest, Copy_EmptyFile) {
-  Put(R"(\from)", "");
-  EXPECT_TRUE(files_.Copy(R"(\from)", R"(\to)"));
-  EXPECT_EQ(Content(R"(\to)"), "");
-}
-
 TEST_F(LinuxFileWritingTest, Copy_FileWithoutALengthOfItsOwn_IsCopiedWhole) {
   EXPECT_TRUE(LinuxFileSystem().Copy(R"(\proc\self\status)", [this] {
     std::string path = Native(R"(\to)").string();
@@ -61,11 +40,11 @@ TEST_F(LinuxFileWritingTest, Copy_FileWithoutALengthOfItsOwn_IsCopiedWhole) {
   EXPECT_THAT(Content(R"(\to)"), ::testing::HasSubstr("VmRSS"));
 }
 
-TEST_F(LinuxFileWritingTest, Copy_OntoItself_IsRefusedAndLosesNothing) {
+TEST_F(LinuxFileWritingTest, Copy_OntoALinkToItself_IsRefusedAndLosesNothing) {
   Put(R"(\From)", "x");
   std::filesystem::create_symlink(Native(R"(\From)"), Native(R"(\link)"));
   std::filesystem::create_hard_link(Native(R"(\From)"), Native(R"(\hard)"));
-  for (const std::string_view target : {R"(\From)", R"(\FROM)", R"(\link)", R"(\hard)"}) {
+  for (const std::string_view target : {R"(\link)", R"(\hard)"}) {
     EXPECT_FALSE(files_.Copy(R"(\From)", target));
     EXPECT_EQ(Content(R"(\From)"), "x");
   }
@@ -93,15 +72,6 @@ TEST_F(LinuxFileWritingTest, ReplaceContent_MissingFile_IsMadeWithTheUsualMode) 
   EXPECT_EQ(Mode(R"(\f)"), 0640U);
 }
 
-TEST_F(LinuxFileWritingTest, ReplaceContent_SmallAndGiantPieces_FollowOneAnother) {
-  const std::string giant(1'000'000, 'g');
-  const std::string large(200'000, 'l');
-  files_.ReplaceContent(R"(\f)", {"a", large, large, "", "b", giant, "c", "d"});
-  EXPECT_EQ(Content(R"(\f)"), "a" + large + large + "b" + giant + "cd");
-  files_.ReplaceContent(R"(\f)", {});
-  EXPECT_EQ(Content(R"(\f)"), "");
-}
-
 TEST_F(LinuxFileWritingTest, ReplaceContent_FollowsLinks) {
   Put(R"(\real\f)", "old");
   std::filesystem::create_symlink("real/f", Native(R"(\link)"));
@@ -119,12 +89,6 @@ TEST_F(LinuxFileWritingTest, ReplaceContent_LinksInACircle_Fail) {
   std::filesystem::create_symlink("b", Native(R"(\a)"));
   std::filesystem::create_symlink("a", Native(R"(\b)"));
   EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\a)", {"x"}); }), failure::kPathFileAccess);
-}
-
-TEST_F(LinuxFileWritingTest, ReplaceContent_TwiceInOneMoment_GivesTwoStamps) {
-  const FileStamp first = files_.ReplaceContent(R"(\f)", {"1"});
-  const FileStamp second = files_.ReplaceContent(R"(\f)", {"2"});
-  EXPECT_NE(first.lastWrite, second.lastWrite);
 }
 
 /// A drive of 64 KiB; the test is skipped where drives cannot be mounted.

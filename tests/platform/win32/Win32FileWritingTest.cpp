@@ -7,16 +7,17 @@
 #include <string_view>
 #include <thread>
 
+#include "platform/FileSystemFixture.h"
 #include "platform/win32/SystemHandle.h"
 #include "platform/win32/SystemHeaders.h"
-#include "platform/win32/Win32FileSystemFixture.h"
+#include "platform/win32/Win32FileSystem.h"
 
 namespace qb {
 namespace {
 
 using ::testing::ElementsAre;
 
-class Win32FileWritingTest : public Win32FileSystemTest {
+class Win32FileWritingTest : public FileSystemTest {
  protected:
   /// Another program that has the file open and lets others do what `sharing` says.
   SystemHandle Held(std::string_view path, DWORD sharing) const {
@@ -24,21 +25,6 @@ class Win32FileWritingTest : public Win32FileSystemTest {
         CreateFileW(Native(path).c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr));
   }
 };
-
-TEST_F(Win32FileWritingTest, Writer_BytesAreThereAfterFlushOrEnd) {
-  Put(R"(\f)", "old");
-  auto writer = files_.OpenForWriting(R"(\f)");
-  writer->Write("a");
-  writer->Flush();
-  EXPECT_EQ(Content(R"(\f)"), "a");
-  writer->Write("b");
-  writer.reset();
-  EXPECT_EQ(Content(R"(\f)"), "ab");
-  files_.OpenForAppending(R"(\f)")->Write("c");
-  files_.OpenForAppending(R"(\new)")->Write("d");
-  EXPECT_EQ(Content(R"(\f)"), "abc");
-  EXPECT_EQ(Content(R"(\new)"), "d");
-}
 
 TEST_F(Win32FileWritingTest, Writer_HiddenFile_IsWritten) {
   Put(R"(\f)", "longer");
@@ -73,14 +59,6 @@ TEST_F(Win32FileWritingTest, Copy_ReadOnlyFileOntoAHeldOne_LeavesNothingBehind) 
   files_.SetAttributes(R"(\from)", 0);
 }
 
-TEST_F(Win32FileWritingTest, Copy_OntoItself_IsRefusedAndLosesNothing) {
-  Put(R"(\From)", "x");
-  for (const std::string_view target : {R"(\From)", R"(\FROM)", R"(\.\from)"}) {
-    EXPECT_FALSE(files_.Copy(R"(\From)", target));
-    EXPECT_EQ(Content(R"(\From)"), "x");
-  }
-}
-
 TEST_F(Win32FileWritingTest, ReplaceContent_KeepsAttributesAndTellsTheNewState) {
   Put(R"(\f)", "old");
   files_.SetAttributes(R"(\f)", attribute::kHidden);
@@ -91,21 +69,6 @@ TEST_F(Win32FileWritingTest, ReplaceContent_KeepsAttributesAndTellsTheNewState) 
   EXPECT_EQ(files_.Stamp(R"(\f)"), stamp);
   EXPECT_LE(files_.Find(R"(\f)")->creation.seconds, creation.seconds + 1);
   EXPECT_THAT(NamesIn(R"(\)"), ElementsAre("f"));
-}
-
-TEST_F(Win32FileWritingTest, ReplaceContent_SmallAndGiantPieces_FollowOneAnother) {
-  const std::string giant(1'000'000, 'g');
-  const std::string large(200'000, 'l');
-  files_.ReplaceContent(R"(\f)", {"a", large, large, "", "b", giant, "c", "d"});
-  EXPECT_EQ(Content(R"(\f)"), "a" + large + large + "b" + giant + "cd");
-  files_.ReplaceContent(R"(\f)", {});
-  EXPECT_EQ(Content(R"(\f)"), "");
-}
-
-TEST_F(Win32FileWritingTest, ReplaceContent_TwiceInOneMoment_GivesTwoStamps) {
-  const FileStamp first = files_.ReplaceContent(R"(\f)", {"1"});
-  const FileStamp second = files_.ReplaceContent(R"(\f)", {"2"});
-  EXPECT_NE(first, second);
 }
 
 TEST_F(Win32FileWritingTest, ReplaceContent_HeldFile_KeepsTheOldContentAndLeavesNothing) {
@@ -126,13 +89,6 @@ TEST_F(Win32FileWritingTest, ReplaceContent_FileThatIsLookedAtForAMoment_IsWaite
   EXPECT_EQ(Raised([&] { files_.ReplaceContent(R"(\f)", {"new"}); }), 0);
   other.join();
   EXPECT_EQ(Content(R"(\f)"), "new");
-}
-
-TEST_F(Win32FileWritingTest, Lock_LeavesNoFile_AndMayBeTakenTwiceInOneProcess) {
-  Put(R"(\d\f)", "x");
-  const auto first = files_.Lock(R"(\d\f)");
-  const auto second = Win32FileSystem(Root()).Lock(R"(\D\other)");
-  EXPECT_THAT(NamesIn(R"(\d)"), ElementsAre("f"));
 }
 
 TEST_F(Win32FileWritingTest, Lock_OfAnotherThread_IsWaitedForAndThenRaises70) {

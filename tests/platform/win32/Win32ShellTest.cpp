@@ -5,8 +5,8 @@
 #include <string_view>
 #include <thread>
 
+#include "platform/FileSystemFixture.h"
 #include "platform/win32/SystemHeaders.h"
-#include "platform/win32/Win32FileSystemFixture.h"
 #include "platform/win32/Win32Shell.h"
 #include "platform/win32/Win32Text.h"
 
@@ -14,7 +14,7 @@ namespace qb {
 namespace {
 
 /// A file type whose verbs copy the file to "<verb>.out" on the drive.
-class Win32ShellTest : public Win32FileSystemTest {
+class Win32ShellTest : public FileSystemTest {
  protected:
   Win32ShellTest() {
     Set(L".qbt", type_);

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/win32/Win32FileSystem.h"
+#include "platform/HostPlatform.h"
 #include "runtime/RuntimeError.h"
 #include "support/FolderTest.h"
 
@@ -25,10 +24,11 @@ long Raised(Work work) {
   }
 }
 
-/// The files of Windows on a drive of their own.
-class Win32FileSystemTest : public FolderTest {
+/// The operating system's files on a drive of their own.
+class FileSystemTest : public FolderTest {
  protected:
-  std::vector<std::string> NamesIn(std::string_view folder) {
+  /// What is in a folder, in the order of bytes.
+  std::vector<std::string> NamesIn(std::string_view folder) const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(Native(folder))) {
       names.push_back(entry.path().filename().string());
@@ -37,7 +37,11 @@ class Win32FileSystemTest : public FolderTest {
     return names;
   }
 
-  Win32FileSystem files_{Root()};
+ private:
+  std::unique_ptr<FileSystem> owner_ = MakeHostFileSystem(Root());
+
+ protected:
+  FileSystem& files_ = *owner_;
 };
 
 }  // namespace qb

@@ -8,6 +8,7 @@
 #include "ui/Forms.h"
 #include "ui/frmQBTranslator.h"
 #include "workflow/HelpMod.h"
+#include "workflow/Selection.h"
 #include "workflow/TranslateMod.h"
 #include "workflow/TwoWordings.h"
 
@@ -57,6 +58,17 @@ bool HasDstPath(const CLoioEntry& loio, std::string_view noPathKey) {
   if (!loio.GetDstPath().empty()) return true;
   MsgBox(QBL_LText(noPathKey));
   return false;
+}
+
+std::optional<ChosenComponent> SelectedComponentToChange(std::string_view notFoundKey,
+                                                         std::string_view noPathKey) {
+  ChosenComponent chosen{GetKeyFromSelection(), GetComponentFromSelection(false), nullptr, nullptr};
+  if (chosen.key.empty() || chosen.name.empty()) return std::nullopt;
+  chosen.loio = DocumentToChange(chosen.key);
+  if (chosen.loio == nullptr) return std::nullopt;
+  chosen.file = ComponentOf(*chosen.loio, chosen.name, notFoundKey);
+  if (chosen.file == nullptr || !HasDstPath(*chosen.loio, noPathKey)) return std::nullopt;
+  return chosen;
 }
 
 std::string DstPathOf(const CLoioEntry& loio, std::string_view fileName) {

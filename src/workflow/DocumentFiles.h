@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,19 @@ std::shared_ptr<CPhioFile> ComponentOf(const CLoioEntry& loio, std::string_view 
 
 /// Whether the document has a folder for its translation; a box says `noPathKey` if not.
 bool HasDstPath(const CLoioEntry& loio, std::string_view noPathKey);
+
+/// What a command on one component file of the selection works on.
+struct ChosenComponent {
+  std::string key;   ///< the document's
+  std::string name;  ///< the file's, as the tree shows it
+  std::shared_ptr<CLoioEntry> loio;
+  std::shared_ptr<CPhioFile> file;
+};
+
+/// The selected component file of a document that may be changed. Nothing if no component is selected, or if
+/// the document, the file or the folder is refused with a box as told above.
+std::optional<ChosenComponent> SelectedComponentToChange(std::string_view notFoundKey,
+                                                         std::string_view noPathKey);
 
 /// Where a file of the document's translation stands; without a name, the folder.
 std::string DstPathOf(const CLoioEntry& loio, std::string_view fileName = {});

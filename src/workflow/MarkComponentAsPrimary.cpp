@@ -3,27 +3,18 @@
 #include "workflow/CommandReport.h"
 #include "workflow/ComponentCommands.h"
 #include "workflow/DocumentFiles.h"
-#include "workflow/Selection.h"
 #include "workflow/TranslateMod.h"
 
 namespace qb {
 namespace {
 
 void Mark() {
-  const std::string key = GetKeyFromSelection();
-  const std::string component = GetComponentFromSelection(false);
-  if (key.empty() || component.empty()) return;
-  const auto loio = DocumentToChange(key);
-  if (loio == nullptr) return;
-  const auto file =
-      ComponentOf(*loio, component,
-                  "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTMARKCOMPONEN002572.T.00036|Component file not found (");
-  if (file == nullptr) return;
-  if (!HasDstPath(*loio,
-                  "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTMARKCOMPONEN002572.T.00037|Path for object not found")) {
-    return;
-  }
-  const std::string full = DstPathOf(*loio, file->FileName);
+  const auto chosen = SelectedComponentToChange(
+      "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTMARKCOMPONEN002572.T.00036|Component file not found (",
+      "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTMARKCOMPONEN002572.T.00037|Path for object not found");
+  if (!chosen) return;
+  const auto& loio = chosen->loio;
+  const std::string full = DstPathOf(*loio, chosen->file->FileName);
   if (full.empty()) return;
   // All three run, whatever became of the one before.
   const bool marked = loio->MarkDstFileAsPrimary(full);
@@ -33,9 +24,9 @@ void Mark() {
   gPxfFile->UpdateFileSize();
   gMessageHandler->Message(QBL_LText("QB.QBTRANSLAT.TRANSLATEMOD.000.QBTMARKCOMPONEN002572.T.00038|Marking "
                                      "as primary component file: ") +
-                               key,
+                               chosen->key,
                            0, false, false);
-  Trace(1, "TranslateMod", "QbtMarkComponentAsPrimary", "SET PRIM: {}", key);
+  Trace(1, "TranslateMod", "QbtMarkComponentAsPrimary", "SET PRIM: {}", chosen->key);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include "workflow/ComponentCommands.h"
 #include "workflow/DocumentFiles.h"
 #include "workflow/FileChooser.h"
-#include "workflow/Selection.h"
 #include "workflow/TranslateMod.h"
 
 namespace qb {
@@ -54,19 +53,11 @@ void Save(CLoioEntry& loio, const std::string& key) {
 }
 
 void Replace() {
-  const std::string key = GetKeyFromSelection();
-  const std::string component = GetComponentFromSelection(false);
-  if (key.empty() || component.empty()) return;
-  const auto loio = DocumentToChange(key);
-  if (loio == nullptr) return;
-  const auto file =
-      ComponentOf(*loio, component,
-                  "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTREPLACECOMPO001957.T.00049|Component file not found (");
-  if (file == nullptr) return;
-  if (!HasDstPath(*loio,
-                  "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTREPLACECOMPO001957.T.00050|Path for object not found")) {
-    return;
-  }
+  const auto old = SelectedComponentToChange(
+      "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTREPLACECOMPO001957.T.00049|Component file not found (",
+      "QB.QBTRANSLAT.TRANSLATEMOD.000.QBTREPLACECOMPO001957.T.00050|Path for object not found");
+  if (!old) return;
+  const auto& [key, component, loio, file] = *old;
   const std::string oldExtension = ExtensionOf(file->FileName);
   const std::string oldFull = DstPathOf(*loio, file->FileName);
   const std::string chosen = GetMultimediaFile(oldExtension, true, {});

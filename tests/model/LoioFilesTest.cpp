@@ -2,19 +2,13 @@
 
 #include "model/CLoioEntry.h"
 #include "model/CPxfFile.h"
-#include "runtime/RuntimeError.h"
 #include "support/ModelTest.h"
+#include "support/Raises.h"
 
 namespace qb {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::Property;
-using ::testing::Throws;
-
-auto RaisesNumber(long number) {
-  return Throws<RuntimeError>(Property(&RuntimeError::Number, number));
-}
 
 class LoioFilesTest : public ModelTest {
  protected:

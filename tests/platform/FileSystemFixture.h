@@ -8,21 +8,10 @@
 #include <vector>
 
 #include "platform/HostPlatform.h"
-#include "runtime/RuntimeError.h"
 #include "support/FolderTest.h"
+#include "support/Raises.h"
 
 namespace qb {
-
-/// The number that `work` raises; 0 if it raises nothing.
-template <class Work>
-long Raised(Work work) {
-  try {
-    work();
-    return 0;
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-}
 
 /// The operating system's files on a drive of their own.
 class FileSystemTest : public FolderTest {

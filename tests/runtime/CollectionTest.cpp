@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "runtime/Collection.h"
-#include "runtime/RuntimeError.h"
+#include "support/Raises.h"
 
 namespace qb {
 namespace {
@@ -16,16 +16,6 @@ class CollectionTest : public ::testing::Test {
     std::vector<std::string> all;
     for (std::size_t i = 1; i <= collection_.Count(); ++i) all.push_back(collection_.Item(i));
     return all;
-  }
-
-  template <class Work>
-  static long Raised(Work work) {
-    try {
-      work();
-      return 0;
-    } catch (const RuntimeError& error) {
-      return error.Number();
-    }
   }
 
   Collection<std::string> collection_;

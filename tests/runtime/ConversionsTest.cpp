@@ -6,6 +6,7 @@
 
 #include "runtime/Conversions.h"
 #include "runtime/RuntimeError.h"
+#include "support/Raises.h"
 
 namespace qb {
 namespace {
@@ -14,17 +15,6 @@ struct Row {
   std::string_view text;
   std::int32_t number;
 };
-
-/// The number that `work` raises; 0 if it raises nothing.
-template <class Work>
-long Raised(Work work) {
-  try {
-    work();
-    return 0;
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-}
 
 TEST(Conversions, LenientNumber_TakesTheLongestLeadingNumber) {
   for (const Row& row : {

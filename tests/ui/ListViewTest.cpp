@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "runtime/RuntimeError.h"
-#include "ui/Form.h"
+#include "support/Raises.h"
+#include "ui/PlainForm.h"
 #include "ui/controls/ListView.h"
 
 namespace qb {
@@ -9,16 +9,8 @@ namespace {
 
 using ::testing::_;
 using ::testing::InSequence;
-using ::testing::Property;
 using ::testing::Ref;
 using ::testing::StrictMock;
-using ::testing::Throws;
-
-class SomeForm : public Form {
- public:
-  SomeForm() : Form("SomeForm") {}
-  void QBL_InitLText() override {}
-};
 
 class MockObserver : public ListViewObserver {
  public:
@@ -30,13 +22,9 @@ class MockObserver : public ListViewObserver {
 
 class ListViewTest : public ::testing::Test {
  protected:
-  SomeForm form_;
+  PlainForm form_;
   ListView list_{form_, "list", {{"a", "A", 10}, {"b", "B", 20}}};
 };
-
-auto RaisesNumber(long number) {
-  return Throws<RuntimeError>(Property(&RuntimeError::Number, number));
-}
 
 TEST_F(ListViewTest, Add_RowStandsBehindTheOthersWithItsIconTwice) {
   list_.Add("A", "text", 3);

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "runtime/RuntimeError.h"
-#include "ui/Form.h"
+#include "support/Raises.h"
+#include "ui/PlainForm.h"
 #include "ui/controls/TableTree.h"
 
 namespace qb {
@@ -9,16 +9,8 @@ namespace {
 
 using ::testing::_;
 using ::testing::InSequence;
-using ::testing::Property;
 using ::testing::Ref;
 using ::testing::StrictMock;
-using ::testing::Throws;
-
-class SomeForm : public Form {
- public:
-  SomeForm() : Form("SomeForm") {}
-  void QBL_InitLText() override {}
-};
 
 class MockObserver : public TableTreeObserver {
  public:
@@ -40,13 +32,9 @@ class TableTreeTest : public ::testing::Test {
     return tree_.AddEx(&parent, TableTree::kChild, key, key, 12, 10, -1);
   }
 
-  SomeForm form_;
+  PlainForm form_;
   TableTree tree_{form_, "tree"};
 };
-
-auto RaisesNumber(long number) {
-  return Throws<RuntimeError>(Property(&RuntimeError::Number, number));
-}
 
 TEST_F(TableTreeTest, AddEx_Child_StandsBehindTheOthers) {
   TreeNode& root = AddRoot();

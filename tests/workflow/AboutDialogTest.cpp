@@ -112,6 +112,13 @@ TEST_F(AboutDialogTest, SystemInfo_ToolThatCannotBeStarted_IsUnavailable) {
   EXPECT_EQ(Err.Number, 0);
 }
 
+TEST_F(AboutDialogTest, SystemInfo_ToolWithoutAProcess_IsUnavailable) {
+  SetMachineValue(kToolKey, "PATH", R"(\usr\bin\hardinfo)");
+  TheShell().startResult = 0;
+  StartSysInfo();
+  EXPECT_THAT(Boxes().Texts(), ElementsAre(kUnavailable));
+}
+
 TEST_F(AboutDialogTest, GetKeyValue_ByTypeOfTheValue) {
   auto registry = std::make_unique<FakeRegistry>();
   registry->values = {{"k|text", {1, "abc\0"s}},

@@ -71,6 +71,29 @@ TEST_F(ReplaceComponentTest, SecondReplacement_LeavesTheSavedFolderAsItIs) {
   EXPECT_EQ(Bytes(R"(\pkg\dst\BAK\menu.js)"), R"(\pkg\dst\menu.js)");
 }
 
+TEST_F(ReplaceComponentTest, FolderThatCannotBeListedForItsFirstState_KeepsListAndFiles) {
+  OpenSmallPackage();
+  SelectNode("DOC2_menu.gif");
+  Choose(R"(\work\menu.png)");
+  InstallFaultyFiles(ThePlatform()).Fail(FileOperation::kSearch, failure::kPermissionDenied, R"(\dst\*.*)");
+  QbtReplaceComponent();
+  EXPECT_THAT(Boxes().Texts(),
+              ElementsAre(HasSubstr("An error has occurred attempting to replace a component file: #70: ")));
+  EXPECT_THAT(Listed("2"), ElementsAre("menu.js:PRIM", "menu.gif"));
+  EXPECT_EQ(Bytes(R"(\pkg\dst\menu.gif)"), R"(\pkg\dst\menu.gif)");
+}
+
+TEST_F(ReplaceComponentTest, FileThatCannotBeCopiedForTheFirstState_IsPassedOver) {
+  OpenSmallPackage();
+  SelectNode("DOC2_menu.gif");
+  Choose(R"(\work\menu.png)");
+  InstallFaultyFiles(ThePlatform()).Fail(FileOperation::kCopy, failure::kPermissionDenied, R"(BAK\menu.js)");
+  QbtReplaceComponent();
+  EXPECT_THAT(Boxes().Texts(), IsEmpty());
+  EXPECT_THAT(Listed("2"), ElementsAre("menu.js:PRIM", "menu.png"));
+  EXPECT_THAT(FilesIn(R"(\pkg\dst\BAK)"), UnorderedElementsAre("styles.css", "menu.gif"));
+}
+
 TEST_F(ReplaceComponentTest, PrimaryFileByAnotherFormat_IsRefused) {
   OpenSmallPackage();
   SelectNode("DOC2_menu.js");

@@ -1,64 +1,101 @@
-// A program that answers over DDE as MultiTerm does: application "MT4WIN", topic "mt_init". The argument says
-// how: good, hang, die, refuse, garbage, huge. The item "stand_in_items" gives all items so far, each with a
-// line end.
+// A program that answers over DDE as MultiTerm does: application "MT4WIN", topic "mt_init". It speaks in the
+// messages of DDE themselves, without the system's library, so that each answer is one message and nothing
+// follows it. The argument says how it behaves: good, hidden; and when it is asked to open a file: hang, die,
+// refuse, garbage, large, huge. The item "stand_in_items" gives all items so far, each with a line end.
 
 #include <windows.h>
 // Behind it, since it does not stand alone.
-#include <ddeml.h>
+#include <dde.h>
 
 #include <cstring>
 #include <string>
 
 namespace {
 
-DWORD instance = 0;
 std::string mode;
 std::string items;
 
-/// Whether the one item that the modes are about was asked for.
-bool IsTheItem(const std::string& item) {
-  return item.rfind("mt_open#", 0) == 0;
+ATOM AtomOf(const char* name) {
+  return GlobalAddAtomA(name);
 }
 
-HDDEDATA Answer(const std::string& text, HSZ item, bool terminated = true) {
-  return DdeCreateDataHandle(instance, reinterpret_cast<BYTE*>(const_cast<char*>(text.c_str())),
-                             static_cast<DWORD>(text.size() + (terminated ? 1 : 0)), 0, item, CF_TEXT, 0);
+std::string NameOf(ATOM atom) {
+  char text[256] = {};
+  GlobalGetAtomNameA(atom, text, sizeof text);
+  return text;
 }
 
-HDDEDATA OnRequest(HSZ itemHandle) {
-  char text[512] = {};
-  DdeQueryStringA(instance, itemHandle, text, sizeof text - 1, CP_WINANSI);
-  const std::string item = text;
-  if (item == "stand_in_items") return Answer(items, itemHandle);
+/// Whether a caller's name, 0 for any, is this one.
+bool Means(ATOM atom, const char* name) {
+  return atom == 0 || lstrcmpiA(NameOf(atom).c_str(), name) == 0;
+}
+
+/// Accepts a conversation about the one topic.
+void OnInitiate(HWND window, HWND client, ATOM application, ATOM topic) {
+  if (!Means(application, "MT4WIN") || !Means(topic, "mt_init")) return;
+  SendMessageA(client, WM_DDE_ACK, reinterpret_cast<WPARAM>(window),
+               MAKELPARAM(AtomOf("MT4WIN"), AtomOf("mt_init")));
+}
+
+void Refuse(HWND window, HWND client, ATOM item) {
+  PostMessageA(client, WM_DDE_ACK, reinterpret_cast<WPARAM>(window), PackDDElParam(WM_DDE_ACK, 0, item));
+}
+
+void Answer(HWND window, HWND client, ATOM item, const std::string& bytes) {
+  HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, offsetof(DDEDATA, Value) + bytes.size());
+  auto* const data = static_cast<DDEDATA*>(GlobalLock(memory));
+  data->fResponse = 1;
+  data->fRelease = 1;  // the caller lets go of the memory
+  data->cfFormat = CF_TEXT;
+  std::memcpy(data->Value, bytes.data(), bytes.size());
+  GlobalUnlock(memory);
+  const LPARAM packed = PackDDElParam(WM_DDE_DATA, reinterpret_cast<UINT_PTR>(memory), item);
+  if (PostMessageA(client, WM_DDE_DATA, reinterpret_cast<WPARAM>(window), packed) == FALSE)
+    GlobalFree(memory);
+}
+
+void AnswerText(HWND window, HWND client, ATOM item, const std::string& text) {
+  Answer(window, client, item, text + '\0');
+}
+
+void OnRequest(HWND window, HWND client, ATOM itemAtom) {
+  const std::string item = NameOf(itemAtom);
+  if (item == "stand_in_items") return AnswerText(window, client, itemAtom, items);
   items += item + "\r\n";
-  if (!IsTheItem(item)) return Answer("mt_ok", itemHandle);
+  if (item.rfind("mt_open#", 0) != 0) return AnswerText(window, client, itemAtom, "mt_ok");
   if (mode == "hang") Sleep(INFINITE);
   if (mode == "die") TerminateProcess(GetCurrentProcess(), 3);
-  if (mode == "refuse") return nullptr;
-  if (mode == "garbage") return Answer(std::string("\x81\xFF\x01\x7F", 4), itemHandle, false);
-  if (mode == "huge") return Answer(std::string(10'000'000, 'x'), itemHandle);
-  return Answer("mt_ok", itemHandle);
-}
-
-HDDEDATA CALLBACK OnDde(UINT type, UINT, HCONV, HSZ topic, HSZ item, HDDEDATA, ULONG_PTR, ULONG_PTR) {
-  if (type == XTYP_REQUEST) return OnRequest(item);
-  if (type != XTYP_CONNECT) return nullptr;
-  char name[64] = {};
-  DdeQueryStringA(instance, topic, name, sizeof name - 1, CP_WINANSI);
-  return reinterpret_cast<HDDEDATA>(static_cast<INT_PTR>(std::strcmp(name, "mt_init") == 0));
+  if (mode == "refuse") return Refuse(window, client, itemAtom);
+  if (mode == "garbage") return Answer(window, client, itemAtom, "\x81\xFF\x01\x7F");
+  if (mode == "large") return AnswerText(window, client, itemAtom, std::string(1'000'000, 'x'));
+  if (mode == "huge") return AnswerText(window, client, itemAtom, std::string(10'000'000, 'x'));
+  AnswerText(window, client, itemAtom, "mt_ok");
 }
 
 LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM second) {
-  if (message == WM_DESTROY) PostQuitMessage(0);
-  return DefWindowProcA(window, message, first, second);
+  HWND const client = reinterpret_cast<HWND>(first);
+  switch (message) {
+    case WM_DDE_INITIATE:
+      OnInitiate(window, client, LOWORD(second), HIWORD(second));
+      return 0;
+    case WM_DDE_REQUEST:
+      OnRequest(window, client, HIWORD(second));
+      return 0;
+    case WM_DDE_TERMINATE:
+      PostMessageA(client, WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(window), 0);
+      return 0;
+    case WM_DESTROY:
+      PostQuitMessage(0);
+      return 0;
+    default:
+      return DefWindowProcA(window, message, first, second);
+  }
 }
 
 }  // namespace
 
-int main(int, char** argv) {
-  mode = argv[1];
-  DdeInitializeA(&instance, OnDde, APPCLASS_STANDARD | CBF_FAIL_EXECUTES | CBF_FAIL_POKES, 0);
-  DdeNameService(instance, DdeCreateStringHandleA(instance, "MT4WIN", CP_WINANSI), nullptr, DNS_REGISTER);
+int main(int argc, char** argv) {
+  mode = argc > 1 ? argv[1] : "good";
   WNDCLASSA windowClass{};
   windowClass.lpfnWndProc = OnMessage;
   windowClass.lpszClassName = "MT4WIN";
@@ -71,6 +108,5 @@ int main(int, char** argv) {
     TranslateMessage(&message);
     DispatchMessageA(&message);
   }
-  DdeUninitialize(instance);
   return 0;
 }

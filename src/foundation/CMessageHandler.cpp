@@ -61,7 +61,7 @@ std::string ProtocolPath() {
       packageExists ? gProtocolDirectory.packageDirectory() : files.ProgramDirectory();
   const std::string path = JoinFile(directory, R"(.\Protocol.txt)");
   // Packages come from strangers: their folder must not lead the protocol into a file elsewhere.
-  const std::string folder = files.Resolved(directory.empty() ? R"(\)" : directory);
+  const std::string folder = files.Resolved(JoinFile(directory, {}));
   const bool inFolder = EqualIgnoringCase(files.Resolved(path), JoinFile(folder, "Protocol.txt"));
   return inFolder ? path : std::string{};
 }

@@ -33,7 +33,7 @@ void AppendField(std::u16string& record, std::string_view field) {
 }
 
 bool IsRelative(std::string_view fileName) {
-  return !fileName.starts_with('\\');
+  return !fileName.starts_with('\\') && fileName.substr(0, 3).find(R"(:\)") != 1;
 }
 
 /// Whether a link stands in the file's place: the program may have been started in the folder of a package,

@@ -202,6 +202,16 @@ TEST_F(CTraceTest, OpenLog_UnwritablePath_SkipsLinesAndTheViewerGoesOn) {
   EXPECT_EQ(Bytes(kLog), "");
 }
 
+TEST_F(CTraceTest, OpenLog_PathWithADrive_OpensTheFileThere) {
+  const std::string path = Native(kLog).string();
+  if (path.substr(1, 2) != R"(:\)") GTEST_SKIP() << "paths have no drives here";
+  StartTrace();
+  gTrace->CloseLog();
+  gTrace->OpenLog(path);
+  gTrace->Trace(1, "M", "P", "x");
+  EXPECT_EQ(Bytes(kLog), "2003-05-17 14:22:09 WS1      M.P: x\r\n");
+}
+
 TEST_F(CTraceTest, OpenLog_EmptyName_OpensNoFile) {
   ShowViewer(3);
   CTrace trace;

@@ -12,20 +12,12 @@ namespace qb {
 namespace {
 
 /// Programs, what installs them, and what leads to them.
-constexpr std::array<std::string_view, 27> kPrograms{"APPLICATION", "APPREF-MS",
-                                                     "APPX",        "APPXBUNDLE",
-                                                     "CHM",         "COM",
-                                                     "CPL",         "DLL",
-                                                     "EXE",         "GADGET",
-                                                     "INF",         "INS",
-                                                     "ISP",         "JAR",
-                                                     "LIBRARY-MS",  "LNK",
-                                                     "MSC",         "MSI",
-                                                     "MSIX",        "MSP",
-                                                     "MST",         "OCX",
-                                                     "PIF",         "SCR",
-                                                     "SCT",         "SETTINGCONTENT-MS",
-                                                     "URL"};
+constexpr std::array<std::string_view, 36> kPrograms{
+    "APPINSTALLER", "APPLICATION", "APPREF-MS", "APPX",   "APPXBUNDLE", "CHM",  "COM", "CPL",
+    "DIAGCAB",      "DLL",         "EXE",       "GADGET", "HLP",        "INF",  "INS", "ISP",
+    "JAR",          "LIBRARY-MS",  "LNK",       "MSC",    "MSI",        "MSIX", "MSP", "MST",
+    "MSU",          "OCX",         "PIF",       "RDP",    "SCF",        "SCR",  "SCT", "SETTINGCONTENT-MS",
+    "THEME",        "THEMEPACK",   "URL",       "WEBSITE"};
 
 /// Texts that their usual program carries out.
 constexpr std::array<std::string_view, 24> kScripts{

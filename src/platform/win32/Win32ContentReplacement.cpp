@@ -122,6 +122,7 @@ bool CopyNativeFile(const std::wstring& source, std::string_view sourcePath, con
   if (error == ERROR_SUCCESS && CopyFileW(source.c_str(), temporary.Name().c_str(), FALSE) == FALSE) {
     error = GetLastError();
   }
+  if (error == ERROR_SUCCESS && attributes != 0) TakeOverRights(target, temporary.Name());
   // The system gives the attributes of the source to files that it makes itself; this one was there already.
   if (error == ERROR_SUCCESS) SetFileAttributesW(temporary.Name().c_str(), AttributesOf(source));
   if (error == ERROR_SUCCESS) error = temporary.MoveTo(target);

@@ -148,7 +148,7 @@ std::optional<std::string> Win32FileSystem::ShortPathName(std::string_view path)
   std::wstring name(32768, L'\0');
   name.resize(GetShortPathNameW(native->c_str(), name.data(), static_cast<DWORD>(name.size())));
   if (name.empty()) return std::nullopt;
-  return Utf8(name);
+  return Utf8(WithoutPrefix(name));
 }
 
 std::optional<FileStamp> Win32FileSystem::Stamp(std::string_view path) {

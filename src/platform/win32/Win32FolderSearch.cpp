@@ -2,6 +2,7 @@
 
 #include "platform/win32/SystemHeaders.h"
 #include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32Paths.h"
 #include "platform/win32/Win32Text.h"
 
 namespace qb {
@@ -54,7 +55,7 @@ bool FillFollowed(FileInfo& info, const std::wstring& native) {
 }  // namespace
 
 std::optional<FileInfo> InfoOf(const std::wstring& native) {
-  if (native.find_first_of(L"*?", 4) != std::wstring::npos) return std::nullopt;
+  if (WithoutPrefix(native).find_first_of(L"*?<>\"") != std::wstring::npos) return std::nullopt;
   std::wstring name = native;
   while (name.ends_with(L'\\')) name.pop_back();
   const bool folderMeant = name.size() < native.size();
@@ -73,7 +74,7 @@ std::vector<std::string> NamesInFolder(const std::wstring& folder, const std::ws
                                        unsigned asked) {
   constexpr unsigned kOnlyIfAsked = attribute::kHidden | attribute::kSystem | attribute::kDirectory;
   std::vector<std::string> names;
-  FileSearch search(folder + (folder.ends_with(L'\\') ? L"" : L"\\") + pattern);
+  FileSearch search(InFolder(folder, pattern));
   for (bool more = static_cast<bool>(search); more; more = search.Next()) {
     const std::wstring_view name = search.Entry().cFileName;
     if (name == L"." || name == L"..") continue;

@@ -34,14 +34,6 @@ std::wstring FullName(const std::wstring& path) {
       [&path](DWORD size, wchar_t* buffer) { return GetFullPathNameW(path.c_str(), size, buffer, nullptr); });
 }
 
-std::wstring WithoutPrefix(std::wstring_view native) {
-  if (native.starts_with(kLongSharePrefix)) {
-    return std::wstring(kSharePrefix).append(native.substr(kLongSharePrefix.size()));
-  }
-  if (native.starts_with(kLongPrefix)) native.remove_prefix(kLongPrefix.size());
-  return std::wstring(native);
-}
-
 std::wstring WithPrefix(const std::wstring& full) {
   if (full.size() < kLongFrom || full.starts_with(kLongPrefix)) return full;
   if (full.starts_with(kSharePrefix)) return std::wstring(kLongSharePrefix).append(full.substr(2));
@@ -120,6 +112,25 @@ bool Win32Paths::Inside(std::wstring_view native) const {
   if (native.size() < length || (native.size() > length && native[length] != L'\\')) return false;
   return CompareStringOrdinal(native.data(), static_cast<int>(length), root_.c_str(),
                               static_cast<int>(length), TRUE) == CSTR_EQUAL;
+}
+
+std::wstring InFolder(const std::wstring& folder, std::wstring_view name) {
+  return WithPrefix(std::wstring(folder).append(folder.ends_with(L'\\') ? L"" : L"\\").append(name));
+}
+
+std::wstring ForOthers(const std::wstring& native) {
+  if (!native.starts_with(kLongPrefix)) return native;
+  const std::wstring name = FilledBy(
+      [&native](DWORD size, wchar_t* buffer) { return GetShortPathNameW(native.c_str(), buffer, size); });
+  return WithoutPrefix(name.empty() ? native : name);
+}
+
+std::wstring WithoutPrefix(std::wstring_view native) {
+  if (native.starts_with(kLongSharePrefix)) {
+    return std::wstring(kSharePrefix).append(native.substr(kLongSharePrefix.size()));
+  }
+  if (native.starts_with(kLongPrefix)) native.remove_prefix(kLongPrefix.size());
+  return std::wstring(native);
 }
 
 std::wstring FolderOf(const std::wstring& native) {

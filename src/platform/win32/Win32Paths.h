@@ -34,6 +34,16 @@ class Win32Paths {
   std::wstring root_;  // without a separator at its end, without prefix
 };
 
+/// A name in a native folder; a long path gets the prefix that its folder alone may not have needed.
+std::wstring InFolder(const std::wstring& folder, std::wstring_view name);
+
+/// A native path as other programs and the shell understand it: without prefix, and in its short form if it
+/// would be too long for them.
+std::wstring ForOthers(const std::wstring& native);
+
+/// A native path without its prefix.
+std::wstring WithoutPrefix(std::wstring_view native);
+
 /// The folder of a native path.
 std::wstring FolderOf(const std::wstring& native);
 

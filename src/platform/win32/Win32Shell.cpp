@@ -19,6 +19,31 @@ ProcessHandle NumberOf(void* handle) {
   return static_cast<ProcessHandle>(reinterpret_cast<INT_PTR>(handle));
 }
 
+std::wstring SystemFolder(UINT(WINAPI* folder)(LPWSTR, UINT)) {
+  std::wstring path(MAX_PATH, L'\0');
+  path.resize(folder(path.data(), MAX_PATH));
+  return path;
+}
+
+/// Where the program stands that a command line names without a folder: in the system's folders or in those
+/// of the variable PATH. Never in the current folder, which may be a package's and come from a stranger.
+/// Empty for a command line that names a folder. Raises 53 if there is none.
+std::wstring ProgramOfName(const std::wstring& command) {
+  const bool quoted = command.starts_with(L'"');
+  const std::size_t start = quoted ? 1 : 0;
+  const std::wstring name = command.substr(start, command.find(quoted ? L'"' : L' ', start) - start);
+  if (name.find_first_of(L"\\/:") != std::wstring::npos) return {};
+  const DWORD length = GetEnvironmentVariableW(L"PATH", nullptr, 0);
+  std::wstring folders(length, L'\0');
+  folders.resize(GetEnvironmentVariableW(L"PATH", folders.data(), length));
+  folders = SystemFolder(GetSystemDirectoryW) + L';' + SystemFolder(GetWindowsDirectoryW) + L';' + folders;
+  std::wstring program(MAX_PATH, L'\0');
+  const DWORD found = SearchPathW(folders.c_str(), name.c_str(), L".exe", MAX_PATH, program.data(), nullptr);
+  if (found == 0 || found >= MAX_PATH) RaiseAbout(failure::kFileNotFound, Utf8(name));
+  program.resize(found);
+  return program;
+}
+
 bool IsMissing(DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
          error == ERROR_DIRECTORY;
@@ -39,17 +64,19 @@ std::wstring Win32Shell::FileOf(const ShellRequest& request) {
 
 bool Win32Shell::Execute(const ShellRequest& request, ProcessHandle& process) {
   process = 0;
-  const std::wstring file = FileOf(request);
-  if (file.empty() || request.verb.empty() || WouldRun(file, request.verb)) return false;
+  const std::wstring native = FileOf(request);
+  if (native.empty() || request.verb.empty() || WouldRun(native, request.verb)) return false;
+  const std::wstring file = ForOthers(native);
   const std::wstring verb = Wide(request.verb);
   std::wstring parameters = Wide(request.parameters);
   // The one parameter that is ever given is a path in quotes.
   if (paths_.HasRoot() && parameters.starts_with(L"\"\\") && parameters.ends_with(L'"')) {
     const std::string path = request.parameters.substr(1, request.parameters.size() - 2);
-    parameters = L'"' + paths_.Native(path).value_or(Wide(path)) + L'"';
+    parameters = L'"' + ForOthers(paths_.Native(path).value_or(Wide(path))) + L'"';
   }
-  const std::wstring directory =
-      request.directory.empty() ? std::wstring{} : paths_.Native(request.directory).value_or(std::wstring{});
+  const std::wstring directory = request.directory.empty()
+                                     ? std::wstring{}
+                                     : ForOthers(paths_.Native(request.directory).value_or(std::wstring{}));
   SHELLEXECUTEINFOW info{};
   info.cbSize = sizeof info;
   info.fMask = SEE_MASK_NOCLOSEPROCESS | SEE_MASK_FLAG_NO_UI;
@@ -78,7 +105,7 @@ bool Win32Shell::GetExitCode(ProcessHandle process, std::uint32_t& code) {
 std::wstring Win32Shell::CommandOf(std::string_view commandLine) {
   const std::string_view line = Trim(commandLine);
   const std::optional<std::wstring> native = paths_.Native(line);
-  if (native && AttributesOf(*native) != 0) return L'"' + *native + L'"';
+  if (native && IsFullPath(line) && AttributesOf(*native) != 0) return L'"' + ForOthers(*native) + L'"';
   return Wide(line);
 }
 
@@ -90,8 +117,9 @@ std::int32_t Win32Shell::Start(std::string_view commandLine) {
   startup.dwFlags = STARTF_USESHOWWINDOW;
   startup.wShowWindow = SW_SHOWNORMAL;
   PROCESS_INFORMATION started{};
-  if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                     &started) == FALSE) {
+  const std::wstring program = ProgramOfName(command);
+  if (CreateProcessW(TextOrNone(program), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                     &startup, &started) == FALSE) {
     RaiseAbout(IsMissing(GetLastError()) ? failure::kFileNotFound : failure::kInvalidArgument, commandLine);
   }
   const SystemHandle thread(started.hThread);

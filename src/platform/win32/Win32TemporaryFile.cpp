@@ -1,6 +1,7 @@
 #include "platform/win32/Win32TemporaryFile.h"
 
 #include "platform/win32/SystemHeaders.h"
+#include "platform/win32/Win32Paths.h"
 
 namespace qb {
 namespace {
@@ -18,8 +19,8 @@ bool MayPass(DWORD error) {
 
 Win32TemporaryFile::Win32TemporaryFile(const std::wstring& folder) {
   for (int i = 0; i < kNameAttempts; ++i) {
-    name_ = folder + L"\\.quillbank-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(i) +
-            L".tmp";
+    name_ = InFolder(folder, L".quillbank-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                                 std::to_wstring(i) + L".tmp");
     file_ = SystemHandle(CreateFileW(name_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                      CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     error_ = file_ ? ERROR_SUCCESS : GetLastError();

@@ -53,6 +53,23 @@ TEST_F(Win32FileSystemTest, Paths_LongerThanTheOldLimit_Work) {
   EXPECT_FALSE(files_.Find(file).has_value());
 }
 
+TEST_F(Win32FileSystemTest, FolderJustBelowTheOldLimit_HoldsFilesBeyondIt) {
+  const std::size_t prefix = Root().size();
+  ASSERT_LT(prefix, 120U);
+  const std::string outer = "\\" + std::string(100, 'a');
+  const std::string folder = outer + "\\" + std::string(236 - prefix - outer.size() - 1, 'b');
+  files_.MakeDirectory(outer);
+  files_.MakeDirectory(folder);
+  const std::string file = folder + "\\" + std::string(60, 'c') + ".txt";
+  files_.ReplaceContent(file, {"1"});
+  EXPECT_THAT(files_.Search(file, kOrdinary), ElementsAre(std::string(60, 'c') + ".txt"));
+  EXPECT_THAT(files_.Search(folder + R"(\*.*)", kOrdinary), ElementsAre(std::string(60, 'c') + ".txt"));
+  EXPECT_EQ(files_.Read(file), "1");
+  const std::optional<std::string> name = files_.ShortPathName(file);
+  ASSERT_TRUE(name.has_value());
+  EXPECT_FALSE(name->starts_with(R"(\\?\)")) << *name;
+}
+
 TEST_F(Win32FileSystemTest, HostilePaths_FindNothing) {
   Put(R"(\a)", "x");
   std::string deep;
@@ -60,7 +77,8 @@ TEST_F(Win32FileSystemTest, HostilePaths_FindNothing) {
   for (const std::string& path :
        {deep, std::string("\\") + std::string(40'000, 'x'), std::string(R"(\a)") + '\0' + "b", std::string(),
         std::string("\\\xFF\xFE"), std::string(R"(\a\\b\)"), std::string(R"(\\.\C:)"),
-        std::string(R"(\a:stream)"), std::string(R"(\a\)"), std::string(R"(\*)"), std::string(R"(\?)")}) {
+        std::string(R"(\a:stream)"), std::string(R"(\a\)"), std::string(R"(\*)"), std::string(R"(\?)"),
+        std::string(R"(\<)"), std::string(R"(\a>)")}) {
     EXPECT_FALSE(files_.Find(path).has_value()) << path.substr(0, 20);
     EXPECT_FALSE(files_.Stamp(path).has_value()) << path.substr(0, 20);
     EXPECT_NE(Raised([&] { files_.Read(path); }), 0) << path.substr(0, 20);

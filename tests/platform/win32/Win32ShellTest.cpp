@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -150,6 +151,26 @@ TEST_F(Win32ShellTest, Start_RunsACommandLine) {
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
   EXPECT_TRUE(Exists(R"(\started.out)"));
+}
+
+TEST_F(Win32ShellTest, Start_ProgramOfTheCurrentFolder_IsNotTaken) {
+  files_.MakeDirectory(R"(\package)");
+  std::filesystem::copy_file(R"(C:\windows\system32\cmd.exe)", Native(R"(\package\planted.exe)"));
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(Native(R"(\package)"));
+  for (const std::string_view line :
+       {"planted.exe /c exit", "planted", "planted.exe", "\"planted.exe\" /c exit"}) {
+    EXPECT_EQ(Raised([&] { shell_.Start(line); }), failure::kFileNotFound) << line;
+  }
+  std::filesystem::current_path(before);
+}
+
+TEST_F(Win32ShellTest, LongPaths_ReachTheProgramInAFormThatItTakes) {
+  std::string folder;
+  for (int i = 0; i < 6; ++i) folder += "\\" + std::string(45, static_cast<char>('a' + i));
+  Put(folder + R"(\doc.qbt)", "text");
+  EXPECT_TRUE(Runs({"Open", "doc.qbt", {}, folder}));
+  EXPECT_EQ(Content(R"(\Open.out)"), "text");
 }
 
 TEST_F(Win32ShellTest, Start_Failures_Table) {

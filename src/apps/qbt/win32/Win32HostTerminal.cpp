@@ -36,6 +36,25 @@ void UnderstandSequences(DWORD stream) {
   }
 }
 
+/// The console speaks UTF-8 until the program ends, and then again what its other programs expect.
+class Utf8Console {
+ public:
+  Utf8Console() {
+    SetConsoleOutputCP(CP_UTF8);
+    SetConsoleCP(CP_UTF8);
+  }
+  Utf8Console(const Utf8Console&) = delete;
+  Utf8Console& operator=(const Utf8Console&) = delete;
+  ~Utf8Console() {
+    SetConsoleOutputCP(output_);
+    SetConsoleCP(input_);
+  }
+
+ private:
+  UINT output_ = GetConsoleOutputCP();
+  UINT input_ = GetConsoleCP();
+};
+
 struct FreeLocal {
   void operator()(LPWSTR* memory) const { LocalFree(memory); }
 };
@@ -45,8 +64,7 @@ struct FreeLocal {
 const std::array<int, 3> kEndingSignals{SIGINT, SIGTERM, SIGBREAK};
 
 std::vector<std::string> PrepareTerminal(int, char**) {
-  SetConsoleOutputCP(CP_UTF8);
-  SetConsoleCP(CP_UTF8);
+  static const Utf8Console utf8;
   UnderstandSequences(STD_OUTPUT_HANDLE);
   UnderstandSequences(STD_ERROR_HANDLE);
   // What `main` is given has gone through the ANSI code page, which need not hold every name of a file.

@@ -80,6 +80,7 @@ std::shared_ptr<IBridge> MakeComBridge() {
   const auto library = FindBridgeLibrary();
   if (library == nullptr) return nullptr;
   ComPtr<IUnknown> object;
+  SetErrorInfo(0, nullptr);  // what is found there afterwards is of this call
   CheckCom(CoCreateInstance(library->bridgeClass, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
                             library->bridge, Into(object)),
            "Document Bridge");

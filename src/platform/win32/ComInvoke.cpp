@@ -39,6 +39,7 @@ DISPID MemberNumber(IDispatch& object, std::string_view name) {
   std::wstring text = Wide(name);
   LPOLESTR names = text.data();
   DISPID member = DISPID_UNKNOWN;
+  SetErrorInfo(0, nullptr);  // what is found there afterwards is of this call
   CheckCom(
       CallPatiently([&] { return object.GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &member); }),
       name);

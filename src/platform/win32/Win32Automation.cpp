@@ -5,6 +5,7 @@
 
 #include "platform/win32/ComApartment.h"
 #include "platform/win32/ComHeaders.h"
+#include "platform/win32/ComPatience.h"
 #include "platform/win32/Win32AutomationObject.h"
 #include "platform/win32/Win32Text.h"
 #include "runtime/RuntimeError.h"
@@ -27,7 +28,7 @@ std::shared_ptr<AutomationObject> Win32Automation::ActiveObject(std::string_view
   ComPtr<IUnknown> running;
   if (!identifier || FAILED(GetActiveObject(*identifier, nullptr, &running))) return nullptr;
   ComPtr<IDispatch> object;
-  if (FAILED(running->QueryInterface(IID_IDispatch, &object))) return nullptr;
+  if (FAILED(CallPatiently([&] { return running->QueryInterface(IID_IDispatch, &object); }))) return nullptr;
   return MakeAutomationObject(std::move(object));
 }
 

@@ -40,7 +40,9 @@ class Win32AutomationObject : public AutomationObject {
 
  private:
   ComValue Read(std::string_view name) {
-    return InvokeMember(*object_.Get(), MemberNumber(*object_.Get(), name), DISPATCH_PROPERTYGET, name);
+    // A server may have declared as a method what reads as a property.
+    constexpr WORD kRead = DISPATCH_PROPERTYGET | DISPATCH_METHOD;
+    return InvokeMember(*object_.Get(), MemberNumber(*object_.Get(), name), kRead, name);
   }
 
   ComPtr<IDispatch> object_;

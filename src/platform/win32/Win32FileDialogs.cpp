@@ -16,6 +16,29 @@ std::wstring Buffer(std::string_view text) {
   return buffer;
 }
 
+/// Without an owner of its own the dialog belongs to the window that the user is in, which then takes no
+/// commands until it is answered.
+HWND OwnerOf(const OpenFileRecord& record) {
+  // A window handle is as long as a pointer, of which the upper half means nothing.
+  if (record.owner) return reinterpret_cast<HWND>(static_cast<INT_PTR>(*record.owner));
+  return GetActiveWindow();
+}
+
+/// The current directory is part of how the program finds files; the dialog changes it while the user looks
+/// around.
+class KeptCurrentDirectory {
+ public:
+  KeptCurrentDirectory() : directory_(32768, L'\0') {
+    directory_.resize(GetCurrentDirectoryW(static_cast<DWORD>(directory_.size()), directory_.data()));
+  }
+  KeptCurrentDirectory(const KeptCurrentDirectory&) = delete;
+  KeptCurrentDirectory& operator=(const KeptCurrentDirectory&) = delete;
+  ~KeptCurrentDirectory() { SetCurrentDirectoryW(directory_.c_str()); }
+
+ private:
+  std::wstring directory_;
+};
+
 std::string UpToNul(const std::wstring& buffer) {
   return Utf8(std::wstring_view(buffer).substr(0, buffer.find(L'\0')));
 }
@@ -33,8 +56,7 @@ bool Win32FileDialogs::GetOpenFileName(OpenFileRecord& record) {
   const std::wstring extension = Wide(record.defaultExtension);
   OPENFILENAMEW native{};
   native.lStructSize = sizeof native;
-  // A window handle is as long as a pointer, of which the upper half means nothing.
-  native.hwndOwner = reinterpret_cast<HWND>(static_cast<INT_PTR>(record.owner.value_or(0)));
+  native.hwndOwner = OwnerOf(record);
   native.lpstrFilter = filter.c_str();
   native.nFilterIndex = record.filterIndex;
   native.lpstrFile = fileName.data();
@@ -44,14 +66,13 @@ bool Win32FileDialogs::GetOpenFileName(OpenFileRecord& record) {
   native.lpstrInitialDir = TextOrNone(directory);
   native.lpstrTitle = TextOrNone(title);
   native.lpstrDefExt = TextOrNone(extension);
-  // The program's current directory is part of how it finds files, so the dialog leaves it alone.
-  native.Flags = record.flags | OFN_NOCHANGEDIR;
+  native.Flags = record.flags;
+  const KeptCurrentDirectory kept;
   if (GetOpenFileNameW(&native) == FALSE) return false;
   record.fileName = paths_.Windows(std::wstring_view(fileName).substr(0, fileName.find(L'\0')));
   record.fileTitle = UpToNul(fileTitle);
   record.filterIndex = native.nFilterIndex;
-  record.flags =
-      native.Flags & ~static_cast<DWORD>((record.flags & OFN_NOCHANGEDIR) == 0 ? OFN_NOCHANGEDIR : 0);
+  record.flags = native.Flags;
   return true;
 }
 

@@ -17,6 +17,8 @@ class MultiTermLinkTest : public ::testing::Test {
   MultiTermLinkTest() {
     EXPECT_TRUE(Eventually([] { return !HasWindow(L"MT4WIN"); }));
   }
+  /// The program goes first: Wine's library waits for the end of a conversation with one that hangs.
+  ~MultiTermLinkTest() override { multiTerm_.reset(); }
 
   /// Starts the other program in one of its modes and waits for its window.
   void StartMultiTerm(const std::wstring& mode) {
@@ -27,14 +29,15 @@ class MultiTermLinkTest : public ::testing::Test {
   /// What the request to open a file ends in, in a program of this mode.
   long FailureOfOpen(const std::wstring& mode) {
     StartMultiTerm(mode);
-    const auto conversation = Connect();
-    EXPECT_EQ(conversation->Request("mt_hide"), "mt_ok");
-    return Attempt([&] { answer_ = conversation->Request(R"(mt_open#C:\A.MTW)"); }) ? 0 : Err.Number;
+    conversation_ = Connect();
+    EXPECT_EQ(conversation_->Request("mt_hide"), "mt_ok");
+    return Attempt([&] { answer_ = conversation_->Request(R"(mt_open#C:\A.MTW)"); }) ? 0 : Err.Number;
   }
 
-  std::unique_ptr<StandInProcess> multiTerm_;
   Win32Dde dde_{kShort};
   Win32ApplicationWindows windows_;
+  std::unique_ptr<StandInProcess> multiTerm_;
+  std::unique_ptr<DdeConversation> conversation_;
   std::string answer_;
 };
 

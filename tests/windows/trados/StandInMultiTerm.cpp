@@ -1,7 +1,8 @@
 // A program that answers over DDE as MultiTerm does: application "MT4WIN", topic "mt_init". It speaks in the
 // messages of DDE themselves, without the system's library, so that each answer is one message and nothing
-// follows it. The argument says how it behaves: good, hidden; and when it is asked to open a file: hang, die,
-// refuse, garbage, large, huge. The item "stand_in_items" gives all items so far, each with a line end.
+// follows it. The first argument says how it behaves: good, hidden; and hang, die, refuse, garbage, large,
+// huge when an item comes that begins as the second argument does, or without one when it is to open a file.
+// The item "stand_in_items" gives all items so far, each with a line end.
 
 #include <windows.h>
 // Behind it, since it does not stand alone.
@@ -13,6 +14,7 @@
 namespace {
 
 std::string mode;
+std::string theItem = "mt_open#";
 std::string items;
 
 ATOM AtomOf(const char* name) {
@@ -62,7 +64,7 @@ void OnRequest(HWND window, HWND client, ATOM itemAtom) {
   const std::string item = NameOf(itemAtom);
   if (item == "stand_in_items") return AnswerText(window, client, itemAtom, items);
   items += item + "\r\n";
-  if (item.rfind("mt_open#", 0) != 0) return AnswerText(window, client, itemAtom, "mt_ok");
+  if (item.rfind(theItem, 0) != 0) return AnswerText(window, client, itemAtom, "mt_ok");
   if (mode == "hang") Sleep(INFINITE);
   if (mode == "die") TerminateProcess(GetCurrentProcess(), 3);
   if (mode == "refuse") return Refuse(window, client, itemAtom);
@@ -96,6 +98,7 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM secon
 
 int main(int argc, char** argv) {
   mode = argc > 1 ? argv[1] : "good";
+  if (argc > 2) theItem = argv[2];
   WNDCLASSA windowClass{};
   windowClass.lpfnWndProc = OnMessage;
   windowClass.lpszClassName = "MT4WIN";

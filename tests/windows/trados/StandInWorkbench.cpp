@@ -1,6 +1,6 @@
-// A program that is reached by automation as the Workbench is: class "TW4Win.Application", window class
-// "TW4Win2Class". The argument "mute" keeps the running object to itself; the system starts it with other
-// arguments for a new one.
+// A program that is reached by automation as the Workbench is: the class "TW4Win.Application", whose
+// identifier the registry tells, and the window class "TW4Win2Class". The argument "mute" keeps the running
+// object to itself; the system starts it with other arguments for a new one.
 
 #include <windows.h>
 // Behind it, since they do not stand alone.
@@ -62,6 +62,7 @@ class Memory : public Object {
     const bool isLeftOut = given[1].vt == VT_ERROR && given[1].scode == DISP_E_PARAMNOTFOUND;
     opened = TextOf(given[3]) + L"|" + TextOf(given[2]) + (isLeftOut ? L"|left out|" : L"|given|") +
              TextOf(given[0]);
+    if (TextOf(given[3]).find(L"crash") != std::wstring::npos) TerminateProcess(GetCurrentProcess(), 3);
     if (TextOf(given[3]).find(L"locked") == std::wstring::npos) return S_OK;
     exception->scode = kLockedFailure;
     exception->bstrSource = SysAllocString(L"TW4Win");
@@ -129,8 +130,7 @@ int main(int argc, char** argv) {
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   const bool isMute = argc > 1 && std::string(argv[1]) == "mute";
   CLSID identifier{};
-  CLSIDFromString(kWorkbenchClass, &identifier);
-  if (!isMute) {
+  if (!isMute && SUCCEEDED(CLSIDFromProgID(kWorkbenchName, &identifier))) {
     RegisterActiveObject(&application, identifier, ACTIVEOBJECT_STRONG, &active);
     CoRegisterClassObject(identifier, &factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &registered);
   }

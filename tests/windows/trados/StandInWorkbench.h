@@ -1,9 +1,9 @@
 #pragma once
 
-// What the stand-in of the Workbench and its test agree on.
+// What the stand-in of the Workbench and its tests agree on.
 
-/// The identifier of the class, as the registry spells it.
-inline constexpr const wchar_t* kWorkbenchClass = L"{6E1D3A52-0C0B-4C7E-9C52-6B1F4A6D9E01}";
+/// The class by its name. The registry says which identifier it has.
+inline constexpr const wchar_t* kWorkbenchName = L"TW4Win.Application";
 
-/// What `Open` raises for a file with "locked" in its name.
+/// What `Open` raises for a file with "locked" in its name. It does not survive one with "crash".
 inline constexpr long kLockedFailure = static_cast<long>(0x80040200);

@@ -9,19 +9,12 @@
 #include "platform/win32/Win32ApplicationWindows.h"
 #include "platform/win32/Win32Automation.h"
 #include "runtime/RuntimeError.h"
+#include "windows/trados/InstalledWorkbench.h"
 #include "windows/trados/StandInProcess.h"
 #include "windows/trados/StandInWorkbench.h"
 
 namespace qb {
 namespace {
-
-constexpr const wchar_t* kProgramKey = L"TW4Win.Application\\CLSID";
-
-void SetClassesValue(const std::wstring& key, const std::wstring& text) {
-  const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-  EXPECT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, text.c_str(), bytes),
-            ERROR_SUCCESS);
-}
 
 /// The Workbench is installed while a test runs.
 class WorkbenchLinkTest : public ::testing::Test {
@@ -31,8 +24,6 @@ class WorkbenchLinkTest : public ::testing::Test {
     platform->windows = std::make_unique<Win32ApplicationWindows>();
     platform->automation = std::make_unique<Win32Automation>();
     before_ = InstallPlatform(std::move(platform));
-    SetClassesValue(kProgramKey, kWorkbenchClass);
-    SetClassesValue(ServerKey(), L'"' + StandInPath(L"StandInWorkbench") + L'"');
     gUserID = "ORB AG";
     EXPECT_TRUE(Eventually([] { return !HasWindow(L"TW4Win2Class"); }));
   }
@@ -43,20 +34,12 @@ class WorkbenchLinkTest : public ::testing::Test {
     gUserID.clear();
   }
 
-  static std::wstring ServerKey() { return std::wstring(L"CLSID\\") + kWorkbenchClass + L"\\LocalServer32"; }
-  static std::wstring ClassKey() { return std::wstring(L"CLSID\\") + kWorkbenchClass; }
-
-  /// What the Workbench was told to open last.
-  std::string Opened() {
-    const auto running = ThePlatform().automation->ActiveObject("TW4Win.Application");
-    return running == nullptr ? "none runs"
-                              : running->ObjectProperty("TranslationMemory")->TextProperty("Opened");
-  }
   void StartWorkbench(const std::wstring& mode) {
     workbench_ = std::make_unique<StandInProcess>(L"StandInWorkbench", mode);
     ASSERT_TRUE(Eventually([] { return HasWindow(L"TW4Win2Class"); }));
   }
 
+  InstalledWorkbench installed_;
   std::unique_ptr<Platform> before_;
   std::unique_ptr<StandInProcess> workbench_;
   CTradosTwb link_;
@@ -66,7 +49,7 @@ TEST_F(WorkbenchLinkTest, NotRunning_IsStartedAndOpensTheMemoryWithTheThirdArgum
   EXPECT_FALSE(link_.IsTwbRunning());
   ASSERT_TRUE(link_.Init({}));
   EXPECT_TRUE(link_.LoadTM(R"(C:\pkg\Überblick.tmw)"));
-  EXPECT_EQ(Opened(), R"(C:\pkg\Überblick.tmw|ORB AG|left out|w)");
+  EXPECT_EQ(OpenedByTheWorkbench(), R"(C:\pkg\Überblick.tmw|ORB AG|left out|w)");
   link_.Quit();
   EXPECT_TRUE(Eventually([] { return !HasWindow(L"TW4Win2Class"); }));
 }
@@ -89,14 +72,14 @@ TEST_F(WorkbenchLinkTest, WindowWithoutAnObject_IsNoLink) {
 }
 
 TEST_F(WorkbenchLinkTest, NotInstalled_IsNoLink) {
-  RegDeleteTreeW(HKEY_CLASSES_ROOT, L"TW4Win.Application");
+  installed_.Remove();
   EXPECT_FALSE(link_.Init({}));
   EXPECT_FALSE(Attempt([] { ThePlatform().automation->NewObject("TW4Win.Application"); }));
   EXPECT_EQ(Err.Number, failure::kCannotCreateObject);
 }
 
 TEST_F(WorkbenchLinkTest, ProgramOfTheClassGone_IsNoLink) {
-  SetClassesValue(ServerKey(), LR"("C:\none\there.exe")");
+  installed_.SetProgram(LR"(C:\none\there.exe)");
   EXPECT_FALSE(link_.Init({}));
 }
 

@@ -1,14 +1,22 @@
 #include "office/OfficeUser.h"
 
+#include <algorithm>
+#include <array>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
+#include <com/sun/star/document/XDocumentEventListener.hpp>
 #include <com/sun/star/document/XDocumentPropertiesSupplier.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/frame/DispatchHelper.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/frame/theGlobalEventBroadcaster.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
+#include <cppuhelper/implbase1.hxx>
+#include <cstdio>
+#include <memory>
 #include <stdexcept>
+#include <utility>
 
 #include "apps/office/UnoText.h"
 
@@ -21,11 +29,26 @@ namespace {
 
 constexpr std::chrono::milliseconds kPatience{30000};
 
-void Dispatch(const OfficeConnection& line, const Reference<frame::XModel>& model,
-              const std::string& command) {
+void Dispatch(const OfficeConnection& line, const Reference<frame::XModel>& model, const std::string& command,
+              bool waits) {
   const Reference<frame::XDispatchProvider> frame(model->getCurrentController()->getFrame(), UNO_QUERY_THROW);
-  frame::DispatchHelper::create(line.Context())->executeDispatch(frame, ToUno(command), "", 0, {});
+  frame::DispatchHelper::create(line.Context())
+      ->executeDispatch(frame, ToUno(command), "", 0, ToArguments({Named("SynchronMode", Any(waits))}));
 }
+
+class EventListener : public cppu::WeakImplHelper1<com::sun::star::document::XDocumentEventListener> {
+ public:
+  EventListener(std::string event, std::function<void()> then)
+      : event_(std::move(event)), then_(std::move(then)) {}
+  void SAL_CALL documentEventOccured(const com::sun::star::document::DocumentEvent& event) override {
+    if (ToUtf8(event.EventName) == event_) then_();
+  }
+  void SAL_CALL disposing(const com::sun::star::lang::EventObject& /*source*/) override {}
+
+ private:
+  const std::string event_;
+  const std::function<void()> then_;
+};
 
 }  // namespace
 
@@ -69,7 +92,18 @@ std::string OfficeUser::Text(const std::string& path) {
 }
 
 void OfficeUser::Command(const std::string& path, const std::string& command) {
-  Do([this, path, command] { Dispatch(line_, Model(path), command); });
+  Do([this, path, command] { Dispatch(line_, Model(path), command, true); });
+}
+
+void OfficeUser::Begin(const std::string& path, const std::string& command) {
+  Do([this, path, command] { Dispatch(line_, Model(path), command, false); });
+}
+
+void OfficeUser::At(const std::string& event, const std::function<void()>& then) {
+  Do([this, event, then] {
+    frame::theGlobalEventBroadcaster::get(line_.Context())
+        ->addDocumentEventListener(new EventListener(event, then));
+  });
 }
 
 bool OfficeUser::IsModified(const std::string& path) {
@@ -117,6 +151,17 @@ std::string OfficeUser::BuiltInTitle(const std::string& path) {
                    ->getTitle());
   });
   return title;
+}
+
+int WindowsOnScreen() {
+  const std::unique_ptr<FILE, decltype(&pclose)> list(popen("xprop -root _NET_CLIENT_LIST", "r"), pclose);
+  std::array<char, 4096> line{};
+  if (!list || std::fgets(line.data(), line.size(), list.get()) == nullptr) {
+    throw std::runtime_error("The windows of the session cannot be counted");
+  }
+  // _NET_CLIENT_LIST(WINDOW): window id # 0x1, 0x2
+  const std::string windows = line.data();
+  return static_cast<int>(std::count(windows.begin(), windows.end(), 'x'));
 }
 
 }  // namespace qb::office

@@ -20,6 +20,10 @@ class OfficeUser {
   std::string Text(const std::string& path);
   /// Gives a command of the office's menus, such as ".uno:Save", and waits until it is done.
   void Command(const std::string& path, const std::string& command);
+  /// Gives a command without waiting for its end: that of a dialog comes when it is closed.
+  void Begin(const std::string& path, const std::string& command);
+  /// Has something done in the middle of what the office tells of any document, such as "OnSave".
+  void At(const std::string& event, const std::function<void()>& then);
   bool IsModified(const std::string& path);
   /// Whether the keys go to the document's window.
   bool IsActive(const std::string& path);
@@ -37,5 +41,8 @@ class OfficeUser {
   Happenings happenings_;
   OfficeConnection line_;
 };
+
+/// How many windows the session has, dialogs among them. Nobody but the office has any.
+int WindowsOnScreen();
 
 }  // namespace qb::office

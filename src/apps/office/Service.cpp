@@ -260,13 +260,10 @@ bool Service::RunIn(int number, const std::function<void(const OpenDocument&)>& 
   try {
     Run([document = Document(number), work] { work(document); });
     return true;
-  } catch (const Failure& failure) {
+  } catch (const Failure&) {
     // The user may have been quicker.
     TellHappenings();
     if (closed_.contains(number)) return false;
-    // An office that dies takes its documents along before it is missed itself.
-    if (failure.Code() == "no-document") Pause(kMissed);
-    if (office_.IsLost()) throw Failure("office", "The office has ended");
     throw;
   }
 }
@@ -306,7 +303,14 @@ bool Service::TryToClose(const OpenDocument& document) {
 }
 
 void Service::Run(std::function<void()> work, std::function<void()> undo) {
-  office_.Run(std::move(work), patience_, std::move(undo));
+  try {
+    office_.Run(std::move(work), patience_, std::move(undo));
+  } catch (const Failure& failure) {
+    // An office that dies takes its documents along before it is missed itself.
+    if (failure.Code() == "no-document") Pause(kMissed);
+    if (office_.IsLost()) throw Failure("office", "The office has ended");
+    throw;
+  }
 }
 
 void Service::Pause(milliseconds time) {

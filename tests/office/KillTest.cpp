@@ -142,9 +142,9 @@ TEST_F(KillTest, whileADocumentIsClosed) {
 
 TEST_F(KillTest, whileADialogIsOpen) {
   const int document = Open("wartung/wartung.doc");
-  const int before = WindowsOnScreen();
+  ASSERT_TRUE(WaitUntil([] { return WindowsOnScreen() == 2; }));
   User().Begin(Path("wartung.doc"), ".uno:FontDialog");
-  ASSERT_TRUE(WaitUntil([before] { return WindowsOnScreen() > before; }));
+  ASSERT_TRUE(WaitUntil([] { return WindowsOnScreen() == 3; }));
   const int request = Helper().Send("close", {{"documents", {document}}});
   Signal(Office(), SIGKILL);
   EXPECT_EQ(Helper().WaitForAnswer(request).value("code", ""), "office");

@@ -2,9 +2,9 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <stdexcept>
 
 #include "apps/office/UnoStart.h"
+#include "support/FreshFolder.h"
 
 namespace qb::office {
 
@@ -14,21 +14,19 @@ namespace {
 
 std::string profile;
 
-std::string NewFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "quillbank-office-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error(name);
-  return name;
-}
-
 }  // namespace
 
 std::unique_ptr<HelperProcess> OfficeTest::helper_;
 std::unique_ptr<OfficeUser> OfficeTest::user_;
 
 void OfficeTest::SetUpTestSuite() {
+  StartHelper({});
+}
+
+void OfficeTest::StartHelper(const std::vector<std::string>& more) {
   PrepareUno();
-  profile = NewFolder();
-  helper_ = std::make_unique<HelperProcess>(profile);
+  profile = MakeFreshFolder();
+  helper_ = std::make_unique<HelperProcess>(profile, more);
   helper_->WaitForEvent("ready");
   user_ = std::make_unique<OfficeUser>(helper_->Pipe());
 }

@@ -16,6 +16,8 @@ class OfficeTest : public FolderTest {
  protected:
   static void SetUpTestSuite();
   static void TearDownTestSuite();
+  /// With more arguments for the helper, for a suite that needs them.
+  static void StartHelper(const std::vector<std::string>& more);
   /// Closes what the test has left open.
   void TearDown() override;
 

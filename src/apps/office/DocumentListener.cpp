@@ -7,6 +7,8 @@
 
 #include "apps/office/CustomTitle.h"
 #include "apps/office/DocumentLinks.h"
+#include "apps/office/Failure.h"
+#include "apps/office/FileChecks.h"
 #include "apps/office/Uno.h"
 #include "apps/office/UnoText.h"
 
@@ -15,12 +17,12 @@ namespace qb::office {
 namespace document = com::sun::star::document;
 namespace lang = com::sun::star::lang;
 
-DocumentListener::DocumentListener(int document, std::string path, std::string kind, std::string copy,
+DocumentListener::DocumentListener(int document, std::string path, std::string kind, std::string base,
                                    const Reference<uno::XComponentContext>& context, Happenings& happenings)
     : document_(document),
       path_(std::move(path)),
       kind_(std::move(kind)),
-      copy_(std::move(copy)),
+      base_(std::move(base)),
       context_(context),
       happenings_(happenings) {
 }
@@ -39,6 +41,7 @@ void DocumentListener::documentEventOccured(const document::DocumentEvent& event
     ++saves_;
     happenings_.Push({Happening::Kind::kSaved, document_});
   }
+  if (event.EventName == "OnSaveFailed") RemoveEmptyLock(path_);
 }
 
 void DocumentListener::queryClosing(const lang::EventObject& source, sal_Bool /*owns*/) {
@@ -49,11 +52,12 @@ void DocumentListener::queryClosing(const lang::EventObject& source, sal_Bool /*
   try {
     LastWords last;
     last.title = CustomTitle(model);
-    StoreForLinks(context_, model, kind_, copy_);
-    last.copy = copy_;
-    last_ = last;
+    last.text = TextForLinks(context_, model, kind_, base_);
+    last_ = std::move(last);
   } catch (const com::sun::star::uno::Exception& failure) {
     std::cerr << path_ << " could not be read at its close: " << ToUtf8(failure.Message) << std::endl;
+  } catch (const Failure& failure) {
+    std::cerr << path_ << " could not be read at its close: " << failure.what() << std::endl;
   }
 }
 

@@ -16,15 +16,16 @@ namespace qb::office {
 /// What a document said when it was closed.
 struct LastWords {
   std::optional<std::string> title;
-  std::string copy;  ///< a file as `StoreForLinks` writes it; empty if there is nothing to be known
+  std::string text;  ///< as `TextForLinks` gives it
 };
 
 /// Tells what becomes of one document. The office calls it on threads of its own.
 class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::XDocumentEventListener,
                                                       com::sun::star::util::XCloseListener> {
  public:
-  /// `happenings` outlives the line to the office. `copy` is where the document may write its last words.
-  DocumentListener(int document, std::string path, std::string kind, std::string copy,
+  /// `happenings` outlives the line to the office. `base` is what the addresses in the last words are
+  /// relative to.
+  DocumentListener(int document, std::string path, std::string kind, std::string base,
                    const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>& context,
                    Happenings& happenings);
 
@@ -35,8 +36,8 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
   int Saves() const { return saves_; }
   /// The program knows what the first `saves` saves left, which need no last words.
   void NoteKnown(int saves) { known_ = saves; }
-  /// What its last save left, of a document that is closed and was not asked since.
-  const LastWords& Last() const { return last_; }
+  /// What its last save left, of a document that is closed and was not asked since; else nothing.
+  const std::optional<LastWords>& Last() const { return last_; }
 
   void SAL_CALL documentEventOccured(const com::sun::star::document::DocumentEvent& event) override;
   void SAL_CALL queryClosing(const com::sun::star::lang::EventObject& source, sal_Bool owns) override;
@@ -47,7 +48,7 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
   const int document_;
   const std::string path_;
   const std::string kind_;
-  const std::string copy_;
+  const std::string base_;
   const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> context_;
   Happenings& happenings_;
   /// False after the user has stored the document under another name: from then on it is another file's.
@@ -56,7 +57,7 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
   std::atomic<int> saves_ = 0;
   std::atomic<int> known_ = 0;
   /// Written before the close is told, read behind it.
-  LastWords last_;
+  std::optional<LastWords> last_;
 };
 
 }  // namespace qb::office

@@ -4,10 +4,12 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 #include "apps/office/Failure.h"
 #include "apps/office/ProfileLocks.h"
@@ -31,6 +33,20 @@ std::string ProfileInLock(const std::string& name) {
   return FilePath(ToUno(text.substr(begin + 1, end - begin - 1)));
 }
 
+/// An office fills its lock right after it has made it, unless the disk is full.
+constexpr auto kToFillALock = std::chrono::seconds(2);
+
+bool IsEmptyFile(const std::string& name) {
+  struct stat found {};
+  return lstat(name.c_str(), &found) == 0 && S_ISREG(found.st_mode) && found.st_size == 0;
+}
+
+bool IsLongMade(const std::string& name) {
+  std::error_code gone;
+  const auto made = std::filesystem::last_write_time(name, gone);
+  return !gone && std::filesystem::file_time_type::clock::now() - made > kToFillALock;
+}
+
 }  // namespace
 
 void CheckFile(const std::string& path, bool forWriting) {
@@ -52,7 +68,13 @@ void CheckFile(const std::string& path, bool forWriting) {
 void RemoveDesertedLock(const std::string& path) {
   const std::string name = LockName(path);
   const std::string profile = ProfileInLock(name);
-  if (!profile.empty() && IsDeserted(profile)) unlink(name.c_str());
+  const bool isForgotten = profile.empty() ? IsEmptyFile(name) && IsLongMade(name) : IsDeserted(profile);
+  if (isForgotten) unlink(name.c_str());
+}
+
+void RemoveEmptyLock(const std::string& path) {
+  const std::string name = LockName(path);
+  if (IsEmptyFile(name)) unlink(name.c_str());
 }
 
 bool HasLock(const std::string& path) {

@@ -155,8 +155,9 @@ int RunHelper(const Places& places, milliseconds patience) {
     RunningOffice office(places, happenings);
     WriteLine({{"event", "ready"}});
     RequestLoop(office, happenings, places, patience).Run();
-    office.WaitForEnd();
+    // Before the wait: the program does not ask this office for anything any more.
     WriteLine({{"event", "ended"}});
+    office.WaitForEnd();
     return EXIT_SUCCESS;
   } catch (const std::exception& failure) {
     WriteLine({{"event", "failed"}, {"text", failure.what()}});

@@ -6,6 +6,7 @@
 #include <com/sun/star/bridge/XBridgeFactory2.hpp>
 #include <com/sun/star/connection/Connector.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
+#include <com/sun/star/frame/XTerminateListener.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <condition_variable>
 #include <cppuhelper/bootstrap.hxx>
@@ -30,7 +31,12 @@ using uno::UNO_QUERY_THROW;
 struct OfficeConnection::Line {
   explicit Line(Happenings& all) : happenings(all) {}
 
-  enum class State { kConnecting, kUp, kLost, kLeft };
+  enum class State { kConnecting, kUp, kEnding, kLost, kLeft };
+
+  Failure Loss() const {
+    return state == State::kEnding ? Failure("ended", "The office has been ended")
+                                   : Failure("office", "The office has ended");
+  }
 
   Happenings& happenings;
   mutable std::mutex mutex;
@@ -54,9 +60,29 @@ class LossListener : public cppu::WeakImplHelper1<lang::XEventListener> {
   void SAL_CALL disposing(const lang::EventObject& /*source*/) override {
     const std::lock_guard lock(line_->mutex);
     if (line_->state == Line::State::kUp) line_->happenings.Push({Happening::Kind::kOfficeGone, 0});
-    if (line_->state != Line::State::kLeft) line_->state = Line::State::kLost;
+    if (line_->state == Line::State::kUp || line_->state == Line::State::kConnecting)
+      line_->state = Line::State::kLost;
     line_->changed.notify_all();
   }
+
+ private:
+  std::shared_ptr<Line> line_;
+};
+
+/// Hears that the office ends, when nothing is open in it any more. What it is asked from then on it may
+/// never do.
+class EndListener : public cppu::WeakImplHelper1<com::sun::star::frame::XTerminateListener> {
+ public:
+  explicit EndListener(std::shared_ptr<Line> line) : line_(std::move(line)) {}
+  void SAL_CALL queryTermination(const lang::EventObject& /*source*/) override {}
+  void SAL_CALL notifyTermination(const lang::EventObject& /*source*/) override {
+    const std::lock_guard lock(line_->mutex);
+    if (line_->state != Line::State::kUp) return;
+    line_->happenings.Push({Happening::Kind::kOfficeGone, 0});
+    line_->state = Line::State::kEnding;
+    line_->changed.notify_all();
+  }
+  void SAL_CALL disposing(const lang::EventObject& /*source*/) override {}
 
  private:
   std::shared_ptr<Line> line_;
@@ -100,7 +126,7 @@ class Call : public cppu::WeakImplHelper1<awt::XCallback> {
     std::unique_lock lock(line_->mutex);
     line_->changed.wait_for(lock, patience, [this] { return done_ || line_->state != Line::State::kUp; });
     if (done_ && !failure_) return;
-    if (line_->state != Line::State::kUp) throw Failure("office", "The office has ended");
+    if (line_->state != Line::State::kUp) throw line_->Loss();
     if (failure_) std::rethrow_exception(failure_);
     abandoned_ = true;
     throw Failure("office", "The office does not answer");
@@ -162,6 +188,7 @@ bool TryToConnect(const std::shared_ptr<Line>& line, const OUString& pipe,
       line->state = Line::State::kUp;
       line->changed.notify_all();
     }
+    desktop->addTerminateListener(new EndListener(line));
     component->addEventListener(new LossListener(line));
     return true;
   } catch (const uno::Exception&) {
@@ -203,7 +230,12 @@ bool OfficeConnection::WaitUntilUp(std::chrono::milliseconds patience) {
 
 bool OfficeConnection::IsLost() const {
   const std::lock_guard lock(line_->mutex);
-  return line_->state == Line::State::kLost;
+  return line_->state == Line::State::kLost || line_->state == Line::State::kEnding;
+}
+
+Failure OfficeConnection::Loss() const {
+  const std::lock_guard lock(line_->mutex);
+  return line_->Loss();
 }
 
 void OfficeConnection::Run(std::function<void()> work, std::chrono::milliseconds patience,

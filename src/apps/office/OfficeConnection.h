@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "apps/office/Failure.h"
 #include "apps/office/Happenings.h"
 #include "apps/office/WorkThread.h"
 
@@ -26,12 +27,14 @@ class OfficeConnection {
 
   /// Waits for the connection; false if it is not there in time.
   bool WaitUntilUp(std::chrono::milliseconds patience);
-  /// Whether the line was there and is no more.
+  /// Whether the office has gone, or has said that it goes.
   bool IsLost() const;
+  /// How a request fails that finds it so: "ended" if its user has ended it, "office" if it has died.
+  Failure Loss() const;
 
   /// Runs `work` on the office's main thread: only there may it touch windows. Raises `Failure`: what `work`
-  /// raised, or "office" if the office went or did not answer in time. In the last case `work` may still run
-  /// later, so it owns what it uses, and `undo`, if given, runs right after it.
+  /// raised, or as `Loss` tells if the office went, "office" if it did not answer in time. In the last case
+  /// `work` may still run later, so it owns what it uses, and `undo`, if given, runs right after it.
   void Run(std::function<void()> work, std::chrono::milliseconds patience, std::function<void()> undo = {});
 
   /// Only for use inside `work`.

@@ -9,7 +9,7 @@
 #include "apps/office/Failure.h"
 #include "apps/office/FileChecks.h"
 #include "apps/office/FileType.h"
-#include "apps/office/LoadQuestions.h"
+#include "apps/office/Questions.h"
 #include "apps/office/UnoText.h"
 
 namespace qb::office {
@@ -33,16 +33,13 @@ void CheckNotOpenHere(const Reference<frame::XDesktop2>& desktop, const std::str
 
 /// Nothing of the document runs, nothing is fetched for it, and a read-only one stays so: the office would
 /// otherwise offer a button that makes it editable.
-Arguments LoadArguments(const FileType& type, bool readOnly, const rtl::Reference<LoadQuestions>& questions) {
-  return ToArguments(
-      {Named("TypeName", Any(type.type)), Named("FilterName", Any(type.filter)),
-       Named("ReadOnly", Any(readOnly)), Named("LockEditDoc", Any(readOnly)),
-       Named("LockSave", Any(readOnly)),
-       Named("MacroExecutionMode", Any(document::MacroExecMode::NEVER_EXECUTE)),
-       Named("UpdateDocMode", Any(document::UpdateDocMode::NO_UPDATE)),
-       Named("InteractionHandler",
-             Any(Reference<com::sun::star::task::XInteractionHandler>(
-                 static_cast<com::sun::star::task::XInteractionHandler2*>(questions.get()))))});
+Arguments LoadArguments(const FileType& type, bool readOnly, const rtl::Reference<Questions>& questions) {
+  return ToArguments({Named("TypeName", Any(type.type)), Named("FilterName", Any(type.filter)),
+                      Named("ReadOnly", Any(readOnly)), Named("LockEditDoc", Any(readOnly)),
+                      Named("LockSave", Any(readOnly)),
+                      Named("MacroExecutionMode", Any(document::MacroExecMode::NEVER_EXECUTE)),
+                      Named("UpdateDocMode", Any(document::UpdateDocMode::NO_UPDATE)),
+                      Named("InteractionHandler", HandlerOf(questions))});
 }
 
 std::string Kind(const Reference<frame::XModel>& model) {
@@ -56,7 +53,7 @@ std::string Kind(const Reference<frame::XModel>& model) {
 }  // namespace
 
 OpenDocument Open(const OfficeConnection& office, int number, const std::string& path, bool readOnly,
-                  const std::string& copy, Happenings& happenings) {
+                  const std::string& base, Happenings& happenings) {
   CheckNotOpenHere(office.Desktop(), path);
   const FileType type = DetectFileType(office.Context(), path);
   if (!readOnly && !type.isWritable) {
@@ -68,7 +65,7 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
   opened.number = number;
   opened.path = path;
   opened.isReadOnly = readOnly;
-  const rtl::Reference<LoadQuestions> questions(new LoadQuestions());
+  const rtl::Reference<Questions> questions(new Questions());
   opened.model.set(office.Desktop()->loadComponentFromURL(FileUrl(path), "_blank", 0,
                                                           LoadArguments(type, readOnly, questions)),
                    UNO_QUERY);
@@ -86,7 +83,7 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
       throw Failure("unsupported", path + " is a kind of document that is not edited here");
     throw Failure("locked", path + " can only be read at present");
   }
-  opened.listener.set(new DocumentListener(number, path, opened.kind, copy, office.Context(), happenings));
+  opened.listener.set(new DocumentListener(number, path, opened.kind, base, office.Context(), happenings));
   opened.listener->Listen(opened.model);
   return opened;
 }

@@ -23,11 +23,11 @@ struct OpenDocument {
   std::chrono::steady_clock::time_point loaded;
 };
 
-/// Opens the file in a window of its own. The document answers to `number` in `happenings`, and may leave a
-/// file at `copy` when it is closed. Raises `Failure` with the codes that the protocol gives for `open`. Only
-/// inside a call on the office's main thread.
+/// Opens the file in a window of its own. The document answers to `number` in `happenings`. The addresses
+/// in its last words are relative to the file `base`. Raises `Failure` with the codes that the protocol gives
+/// for `open`. Only inside a call on the office's main thread.
 OpenDocument Open(const OfficeConnection& office, int number, const std::string& path, bool readOnly,
-                  const std::string& copy, Happenings& happenings);
+                  const std::string& base, Happenings& happenings);
 
 /// Closes the document as it is. Raises css::util::CloseVetoException while a dialog is open in it.
 void CloseAsItIs(const OpenDocument& document);

@@ -5,14 +5,14 @@
 #include <algorithm>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/frame/XFrames.hpp>
-#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/frame/XStorable2.hpp>
 #include <com/sun/star/util/CloseVetoException.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
-#include <filesystem>
-#include <fstream>
+#include <iostream>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "apps/office/CustomTitle.h"
@@ -22,6 +22,7 @@
 #include "apps/office/Lines.h"
 #include "apps/office/LinkAddress.h"
 #include "apps/office/LinkReader.h"
+#include "apps/office/Questions.h"
 #include "apps/office/WindowPlaces.h"
 
 namespace qb::office {
@@ -43,25 +44,25 @@ constexpr int kAttemptsToPlace = 8;
 using Models = std::vector<Reference<com::sun::star::frame::XModel>>;
 using Places = std::vector<com::sun::star::awt::Rectangle>;
 
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+json TitleAnswer(const std::optional<std::string>& title) {
+  return {{"title", title ? json(*title) : json()}};
 }
 
-void RemoveFile(const std::string& path) {
-  std::error_code ignored;
-  std::filesystem::remove(path, ignored);
+/// Stores to the document's own file. What the office would ask meanwhile ends in its failure.
+void Store(const OpenDocument& document) {
+  const rtl::Reference<Questions> questions(new Questions());
+  Reference<com::sun::star::frame::XStorable2>(document.model, UNO_QUERY_THROW)
+      ->storeSelf(ToArguments({Named("InteractionHandler", HandlerOf(questions))}));
 }
 
 /// Stores what is modified and can be, and closes. False while a dialog is open in the document.
 bool StoreAndClose(const OpenDocument& document) {
   const Reference<com::sun::star::util::XModifiable> modifiable(document.model, UNO_QUERY_THROW);
   if (modifiable->isModified()) {
-    const Reference<com::sun::star::frame::XStorable> storable(document.model, UNO_QUERY_THROW);
     if (document.isReadOnly) {
       modifiable->setModified(false);
     } else {
-      storable->store();
+      Store(document);
     }
   }
   try {
@@ -74,8 +75,9 @@ bool StoreAndClose(const OpenDocument& document) {
 
 }  // namespace
 
-Service::Service(OfficeConnection& office, Happenings& happenings, std::string folder, milliseconds patience)
-    : office_(office), happenings_(happenings), folder_(std::move(folder)), patience_(patience) {
+Service::Service(OfficeConnection& office, Happenings& happenings, const std::string& profile,
+                 milliseconds patience)
+    : office_(office), happenings_(happenings), base_(profile + "/links.xml"), patience_(patience) {
 }
 
 json Service::Work(const std::string& call, const json& arguments) {
@@ -92,14 +94,25 @@ json Service::Work(const std::string& call, const json& arguments) {
 void Service::TellHappenings() {
   for (const Happening& happening : happenings_.Take()) {
     if (!documents_.contains(happening.document)) continue;
-    const bool isClosed = happening.kind == Happening::Kind::kClosed;
-    WriteLine({{"event", isClosed ? "closed" : "saved"}, {"document", happening.document}});
-    if (!isClosed) continue;
-    const auto closed = documents_.extract(happening.document);
-    if (!closed.mapped().listener->Last().copy.empty())
-      closed_.insert_or_assign(closed.key(), closed.mapped());
-    isBare_ = documents_.empty();
+    if (happening.kind == Happening::Kind::kClosed) {
+      TellClosed(documents_.extract(happening.document).mapped());
+      isBare_ = documents_.empty();
+    } else {
+      WriteLine({{"event", "saved"}, {"document", happening.document}});
+    }
   }
+}
+
+void Service::TellClosed(const OpenDocument& document) const {
+  json line = {{"event", "closed"}, {"document", document.number}};
+  if (const auto& last = document.listener->Last()) {
+    try {
+      line["last"] = {{"links", LinksIn(document, last->text)}, {"title", TitleAnswer(last->title)}};
+    } catch (const Failure& failure) {
+      std::cerr << document.path << ": " << failure.what() << std::endl;
+    }
+  }
+  WriteLine(line);
 }
 
 void Service::CloseStartCenter() {
@@ -138,7 +151,12 @@ bool Service::HasDocuments() {
 }
 
 void Service::EndOffice() {
-  Run([&office = office_] { office.Desktop()->terminate(); });
+  try {
+    Run([&office = office_] { office.Desktop()->terminate(); });
+  } catch (const Failure&) {
+    // It says so before it is done.
+    if (!office_.IsLost()) throw;
+  }
 }
 
 json Service::OpenFile(const json& arguments) {
@@ -147,8 +165,8 @@ json Service::OpenFile(const json& arguments) {
   CheckFile(path, !readOnly);
   const int number = ++lastNumber_;
   const auto opened = std::make_shared<OpenDocument>();
-  Run([&office = office_, &happenings = happenings_, number, path, readOnly, copy = CopyOf(number),
-       opened] { *opened = Open(office, number, path, readOnly, copy, happenings); },
+  Run([&office = office_, &happenings = happenings_, number, path, readOnly, base = base_,
+       opened] { *opened = Open(office, number, path, readOnly, base, happenings); },
       [opened] { CloseAsItIs(*opened); });
   documents_.emplace(number, *opened);
   return {{"document", number}, {"kind", opened->kind}};
@@ -156,10 +174,8 @@ json Service::OpenFile(const json& arguments) {
 
 json Service::Title(const json& arguments) {
   const auto title = std::make_shared<std::optional<std::string>>();
-  const bool isOpen = RunIn(arguments.at("document"),
-                            [title](const OpenDocument& document) { *title = CustomTitle(document.model); });
-  if (!isOpen) *title = closed_.at(arguments.at("document")).listener->Last().title;
-  return {{"title", *title ? json(**title) : json()}};
+  Run([model = Document(arguments.at("document")).model, title] { *title = CustomTitle(model); });
+  return TitleAnswer(*title);
 }
 
 json Service::SetTitle(const json& arguments) {
@@ -172,31 +188,21 @@ json Service::SetTitle(const json& arguments) {
 }
 
 json Service::ReadLinksOf(const json& arguments) {
-  const int number = arguments.at("document");
-  const std::string copy = CopyOf(number);
+  const OpenDocument document = Document(arguments.at("document"));
   const auto saves = std::make_shared<int>(0);
-  const auto store = [&office = office_, copy, saves](const OpenDocument& document) {
+  const auto text = std::make_shared<std::string>();
+  Run([&office = office_, document, base = base_, saves, text] {
     *saves = document.listener->Saves();
-    StoreForLinks(office.Context(), document.model, document.kind, copy);
-  };
-  try {
-    if (!RunIn(number, store)) return LinksIn(closed_.at(number), copy);
-  } catch (const Failure&) {
-    RemoveFile(copy);
-    throw;
-  }
-  const auto document = documents_.find(number);
-  if (document == documents_.end()) throw Failure("no-document", "The document is not open any more");
-  document->second.listener->NoteKnown(*saves);
-  json answer = LinksIn(document->second, copy);
-  RemoveFile(copy);
-  return answer;
+    *text = TextForLinks(office.Context(), document.model, document.kind, base);
+  });
+  document.listener->NoteKnown(*saves);
+  return LinksIn(document, *text);
 }
 
-json Service::LinksIn(const OpenDocument& document, const std::string& copy) {
-  Links found = ReadLinks(ReadFile(copy));
-  const auto putRight = [&document, &copy](std::vector<std::string>& addresses) {
-    for (std::string& address : addresses) address = AddressIn(document.path, copy, address);
+json Service::LinksIn(const OpenDocument& document, const std::string& text) const {
+  Links found = ReadLinks(text);
+  const auto putRight = [&document, this](std::vector<std::string>& addresses) {
+    for (std::string& address : addresses) address = AddressIn(document.path, base_, address);
   };
   putRight(found.links);
   std::for_each(found.slides.begin(), found.slides.end(), putRight);
@@ -241,8 +247,6 @@ json Service::Quit() {
   for (const auto& [number, document] : documents_) numbers.push_back(number);
   for (const int number : numbers) CloseOne(number);
   // What an earlier helper left behind belongs to the user.
-  for (const auto& [number, document] : closed_) RemoveFile(CopyOf(number));
-  closed_.clear();
   if (!HasDocuments()) EndOffice();
   return json::object();
 }
@@ -252,24 +256,6 @@ const OpenDocument& Service::Document(const json& number) {
   const auto found = documents_.find(number.get<int>());
   if (found == documents_.end()) throw Failure("no-document", "The document is not open any more");
   return found->second;
-}
-
-bool Service::RunIn(int number, const std::function<void(const OpenDocument&)>& work) {
-  TellHappenings();
-  if (closed_.contains(number)) return false;
-  try {
-    Run([document = Document(number), work] { work(document); });
-    return true;
-  } catch (const Failure&) {
-    // The user may have been quicker.
-    TellHappenings();
-    if (closed_.contains(number)) return false;
-    throw;
-  }
-}
-
-std::string Service::CopyOf(int number) const {
-  return folder_ + "/links-" + std::to_string(number) + ".xml";
 }
 
 void Service::CloseOne(int number) {
@@ -308,7 +294,7 @@ void Service::Run(std::function<void()> work, std::function<void()> undo) {
   } catch (const Failure& failure) {
     // An office that dies takes its documents along before it is missed itself.
     if (failure.Code() == "no-document") Pause(kMissed);
-    if (office_.IsLost()) throw Failure("office", "The office has ended");
+    if (office_.IsLost()) throw office_.Loss();
     throw;
   }
 }

@@ -15,9 +15,9 @@ namespace qb::office {
 /// Does what the program asks for, with the documents that it has opened.
 class Service {
  public:
-  /// `folder` is for copies that only live as long as a request; `patience` is how long a request waits for
-  /// an office that does not answer.
-  Service(OfficeConnection& office, Happenings& happenings, std::string folder,
+  /// `profile` is the office's folder; `patience` is how long a request waits for an office that does not
+  /// answer.
+  Service(OfficeConnection& office, Happenings& happenings, const std::string& profile,
           std::chrono::milliseconds patience);
 
   /// The result of a request. Raises `Failure`, or nlohmann::json::exception if an argument is missing or of
@@ -47,10 +47,8 @@ class Service {
   nlohmann::json Quit();
 
   const OpenDocument& Document(const nlohmann::json& number);
-  /// Runs `work` for a document on the office's main thread. False if it was closed and has said last words.
-  bool RunIn(int number, const std::function<void(const OpenDocument&)>& work);
-  std::string CopyOf(int number) const;
-  static nlohmann::json LinksIn(const OpenDocument& document, const std::string& copy);
+  nlohmann::json LinksIn(const OpenDocument& document, const std::string& text) const;
+  void TellClosed(const OpenDocument& document) const;
   void CloseOne(int number);
   bool TryToClose(const OpenDocument& document);
   void Run(std::function<void()> work, std::function<void()> undo = {});
@@ -59,10 +57,10 @@ class Service {
 
   OfficeConnection& office_;
   Happenings& happenings_;
-  const std::string folder_;
+  /// What the addresses in a document's text are relative to. Nothing is there.
+  const std::string base_;
   const std::chrono::milliseconds patience_;
   std::map<int, OpenDocument> documents_;
-  std::map<int, OpenDocument> closed_;  ///< those that have said last words
   int lastNumber_ = 0;
   /// The user has closed the last document, so there may be a start center.
   bool isBare_ = false;

@@ -18,6 +18,7 @@ namespace {
 using Json = nlohmann::json;
 
 constexpr std::string_view kModule = "LibreOffice";
+constexpr int kAttemptsToOpen = 3;
 
 }  // namespace
 
@@ -64,12 +65,23 @@ Json Office::Call(std::string_view call, Json arguments) {
   return client_->Call(call, std::move(arguments));
 }
 
+/// Its user may end the office while a document is on its way to it, which is no reason to refuse that.
+Json Office::CallToOpen(std::string_view path, bool readOnly, std::int64_t& losses) {
+  for (int attempt = 1;; ++attempt) {
+    unknown_.clear();
+    losses = losses_;
+    try {
+      return Call("open", {{"path", ThePlatform().helpers->NativePath(path)}, {"readOnly", readOnly}});
+    } catch (const OfficeHasEnded&) {
+      if (attempt == kAttemptsToOpen) throw;
+    }
+  }
+}
+
 std::shared_ptr<OfficeDocument> Office::Open(const std::shared_ptr<OfficeGroup>& group, std::string_view path,
                                              bool readOnly) {
-  unknown_.clear();
-  const std::int64_t losses = losses_;
-  const Json answer =
-      Call("open", {{"path", ThePlatform().helpers->NativePath(path)}, {"readOnly", readOnly}});
+  std::int64_t losses = 0;
+  const Json answer = CallToOpen(path, readOnly, losses);
   auto document = std::make_shared<OfficeDocument>();
   const bool understood = answer.contains("document") && answer["document"].is_number_integer() &&
                           answer.contains("kind") && answer["kind"].is_string();
@@ -125,12 +137,20 @@ void Office::Arrange(const OfficeGroup& group, std::int32_t style) {
 }
 
 Json Office::Ask(std::string_view call, const OfficeDocument& document, Json arguments) {
+  const std::string name(call);
+  if (document.last.contains(name)) return document.last[name];
   if (document.loss != losses_) {
     throw RuntimeError(failure::kOwn, std::string(kModule),
                        "'" + document.path + "' has gone with its LibreOffice.");
   }
   arguments["document"] = document.number;
-  return Call(call, std::move(arguments));
+  try {
+    return Call(call, std::move(arguments));
+  } catch (const RuntimeError&) {
+    // It may have been closed while the request was on its way.
+    if (!document.last.contains(name)) throw;
+  }
+  return document.last[name];
 }
 
 void Office::Take(const OfficeEvent& event) {
@@ -141,7 +161,10 @@ void Office::Take(const OfficeEvent& event) {
     if (client_->IsCalling()) unknown_.push_back(event);
     return;
   }
-  if (event.kind == OfficeEvent::Kind::kClosed) return TakeClose(*found);
+  if (event.kind == OfficeEvent::Kind::kClosed) {
+    (*found)->last = event.last;
+    return TakeClose(*found);
+  }
   waiting_.push_back({true, *found});
   RaiseLater();
 }

@@ -20,6 +20,7 @@ struct OfficeDocument {
   std::string kind;       ///< "text", "presentation", "drawing" or "web"
   bool closed = false;    ///< the office has closed it; whoever holds it may not have been told yet
   std::int64_t loss = 0;  ///< how many offices had been lost when it was opened
+  nlohmann::json last;    ///< what it said when it was closed: answers by the names of requests
   std::weak_ptr<IBridgeDocument> holder;
 };
 
@@ -66,6 +67,7 @@ class Office : public std::enable_shared_from_this<Office> {
   explicit Office(std::shared_ptr<OfficeClient> client) : client_(std::move(client)) {}
 
   nlohmann::json Call(std::string_view call, nlohmann::json arguments);
+  nlohmann::json CallToOpen(std::string_view path, bool readOnly, std::int64_t& losses);
   void Take(const OfficeEvent& event);
   void TakeLoss();
   void TakeClose(const std::shared_ptr<OfficeDocument>& document);

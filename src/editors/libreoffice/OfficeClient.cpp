@@ -45,6 +45,11 @@ std::int64_t Number(const Json& object, const char* name) {
   throw RuntimeError(failure::kOwn, std::string(kModule), std::move(text));
 }
 
+[[noreturn]] void RaiseEnded(std::string text) {
+  Trace(2, kModule, "Call", "{}", text);
+  throw OfficeHasEnded(failure::kOwn, std::string(kModule), std::move(text));
+}
+
 std::string LineOf(std::int64_t id, std::string_view call, Json arguments) {
   arguments["id"] = id;
   arguments["call"] = call;
@@ -93,7 +98,7 @@ void OfficeClient::Prepare() {
 
 void OfficeClient::Start() {
   AwaitEndOfOld();
-  ready_ = taken_ = quits_ = false;
+  ready_ = taken_ = quits_ = left_ = false;
   loss_.clear();
   const auto self = weak_from_this();
   HelperEvents events;
@@ -147,6 +152,7 @@ Json OfficeClient::Call(std::string_view call, Json arguments) {
   const Json answer = Await(id);
   if (const auto error = answer.find("error"); error != answer.end()) {
     const std::string text = Text(*error, "text");
+    if (Text(*error, "code") == "ended") RaiseEnded(text);
     Raise(text.empty() ? "LibreOffice refused: " + Text(*error, "code") : text);
   }
   const auto result = answer.find("result");
@@ -164,6 +170,7 @@ Json OfficeClient::Await(std::int64_t id) {
       answers_.erase(found);
       return answer;
     }
+    if (!runs_ && left_) RaiseEnded(loss_);
     if (!runs_) Raise(loss_);
     const milliseconds waited = Since(start);
     if (waited >= options_.limits.answer) {
@@ -219,9 +226,12 @@ void OfficeClient::TakeEvent(const Json& line) {
   const std::int64_t document = Number(line, "document");
   if (event == "ready") ready_ = true;
   if (event == "failed") Lose("LibreOffice could not be started: " + Text(line, "text"));
-  if (event == "ended") Lose("LibreOffice has ended.");
-  if (event == "saved") OnEvent({OfficeEvent::Kind::kSaved, document});
-  if (event == "closed") OnEvent({OfficeEvent::Kind::kClosed, document});
+  if (event == "ended") {
+    left_ = true;
+    Lose("LibreOffice has ended.");
+  }
+  if (event == "saved") OnEvent({OfficeEvent::Kind::kSaved, document, {}});
+  if (event == "closed") OnEvent({OfficeEvent::Kind::kClosed, document, line.value("last", Json::object())});
 }
 
 void OfficeClient::TakeEnd(std::int32_t status) {
@@ -246,7 +256,7 @@ void OfficeClient::Lose(std::string reason) {
   runs_ = ready_ = taken_ = false;
   loss_ = std::move(reason);
   unanswered_.clear();
-  OnEvent({OfficeEvent::Kind::kLost, 0});
+  OnEvent({OfficeEvent::Kind::kLost, 0, {}});
 }
 
 }  // namespace qb

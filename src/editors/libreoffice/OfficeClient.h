@@ -12,6 +12,7 @@
 
 #include "editors/libreoffice/OfficeOptions.h"
 #include "platform/HelperPrograms.h"
+#include "runtime/RuntimeError.h"
 
 namespace qb {
 
@@ -20,6 +21,14 @@ struct OfficeEvent {
   enum class Kind { kSaved, kClosed, kLost };
   Kind kind = Kind::kLost;  ///< kLost: office or helper has gone, and every document with it
   std::int64_t document = 0;
+  nlohmann::json last;  ///< of a closed document: answers to requests that come too late, by their names
+};
+
+/// The office was ended by its user, or was found to have gone, before it began with a request. Another one
+/// can be asked.
+class OfficeHasEnded : public RuntimeError {
+ public:
+  using RuntimeError::RuntimeError;
 };
 
 /// Talks with the helper that speaks with the office: starts it when it is needed, sends requests and waits
@@ -34,7 +43,8 @@ class OfficeClient : public std::enable_shared_from_this<OfficeClient> {
   /// Starts the helper, and the office with it, without waiting for them. Does nothing if it runs.
   void Prepare();
   /// The answer to a request. The windows stay drawn meanwhile. Raises the text of an answer that is an
-  /// error, and that the helper is gone or hangs, which ends it.
+  /// error, and that the helper is gone or hangs, which ends it; `OfficeHasEnded` if another office
+  /// can be asked.
   nlohmann::json Call(std::string_view call, nlohmann::json arguments);
   /// Asks the helper to end and waits a while for it. One that takes longer finds the end of the program by
   /// itself, and leaves a document that it cannot close to its user.
@@ -76,6 +86,7 @@ class OfficeClient : public std::enable_shared_from_this<OfficeClient> {
   bool taken_ = false;  ///< another program uses the profile folder
   bool ended_ = true;   ///< the process has ended
   bool quits_ = false;  ///< it was asked to end
+  bool left_ = false;   ///< it has said that it ends, so what it has not answered it has not begun
   int profile_ = 1;
   std::string loss_;  ///< why it does not run
   std::int64_t lastId_ = 0;

@@ -58,6 +58,8 @@ bool IsLockedElsewhere(std::string_view path, const std::string& profiles, const
   const bool read = Attempt([&] { content = platform.files->Read(lock); });
   Err = pending;
   if (!read) return platform.files->Find(lock).has_value();  // else it has gone just now
+  // Made while the disk was full, or just now: the helper can tell.
+  if (content.empty()) return false;
   const std::string profile = ProfileOf(content);
   if (!profile.starts_with(profiles + "/")) return true;
   if (profile == own) return false;

@@ -90,6 +90,48 @@ TEST_F(OfficeClientTest, AHelperThatDiesInACallRaisesAndTheNextOpenStartsANewOne
   EXPECT_THAT(Starts(), ElementsAre(StartWith(1), StartWith(1)));
 }
 
+TEST_F(OfficeClientTest, ADocumentIsOpenedInANewOfficeIfTheOldOneEndsBeforeItBegins) {
+  Script({kReady, "on open", R"({"event":"ended"})", "exit 0"});
+  Script({kReady, "on open", R"({"id":$id,"error":{"code":"ended","text":"It has been ended."}})",
+          R"({"event":"ended"})", "exit 0"});
+  EXPECT_NE(nullptr, OpenOne());
+  EXPECT_THAT(Starts(), ElementsAre(StartWith(1), StartWith(1), StartWith(1)));
+  EXPECT_THAT(Calls(), ElementsAre("open", "open", "open"));
+}
+
+TEST_F(OfficeClientTest, AnOfficeThatEndsAgainAndAgainIsNotAskedForEver) {
+  for (int start = 0; start < 3; ++start) Script({kReady, "on open", R"({"event":"ended"})", "exit 0"});
+  EXPECT_EQ("LibreOffice has ended.", RaisedBy([&] { OpenOne(); }));
+  EXPECT_EQ(3U, Starts().size());
+}
+
+TEST_F(OfficeClientTest, AnOfficeThatDiesOfADocumentIsNotAskedAgain) {
+  Script({kReady, "on open", R"({"id":$id,"error":{"code":"office","text":"The office has ended"}})",
+          R"({"event":"ended"})", "exit 0"});
+  EXPECT_EQ("The office has ended", RaisedBy([&] { OpenOne(); }));
+  EXPECT_EQ(1U, Starts().size());
+}
+
+TEST_F(OfficeClientTest, WhatADocumentSaidWhenItWasClosedIsAnsweredWithoutItsOffice) {
+  Script(
+      {kReady, "serve 1", "await go",
+       R"({"event":"closed","document":1,"last":{"title":{"title":"Last"},"links":{"links":["http://x"]}}})",
+       R"({"event":"ended"})", "exit 0"});
+  const auto document = OpenOne();
+  Signal("go");
+  RunUntil([&] { return !events_.empty(); });
+  EXPECT_EQ("Last", TitleOf(*document));
+  EXPECT_EQ("http://x", document->Hyperlinks()->Item(1));
+  EXPECT_THAT(Calls(), ElementsAre("open"));
+}
+
+TEST_F(OfficeClientTest, ADocumentThatIsClosedWhileItIsAskedIsAnsweredFromWhatItSaid) {
+  Script({kReady, "serve 1", "on title",
+          R"({"event":"closed","document":1,"last":{"title":{"title":"Last"}}})",
+          R"({"id":$id,"error":{"code":"no-document","text":"It is closed."}})", "serve"});
+  EXPECT_EQ("Last", TitleOf(*OpenOne()));
+}
+
 TEST_F(OfficeClientTest, AnOfficeThatCannotStartIsToldWithItsReason) {
   Script({R"({"event":"failed","text":"no display"})", "exit 1"});
   EXPECT_EQ("LibreOffice could not be started: no display", RaisedBy([&] { OpenOne(); }));

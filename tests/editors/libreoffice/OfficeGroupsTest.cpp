@@ -83,9 +83,9 @@ TEST_F(OfficeGroupsTest, ALockFileOfAnotherOfficeCountsAsOpen) {
   EXPECT_EQ(0, Count(kB));
 }
 
-TEST_F(OfficeGroupsTest, AnEmptyLockFileCountsAsOpen) {
+TEST_F(OfficeGroupsTest, AnEmptyLockFileIsForTheHelperToJudge) {
   Lock("a.doc", "");
-  EXPECT_EQ(1, Count(kA));
+  EXPECT_EQ(0, Count(kA));
 }
 
 TEST_F(OfficeGroupsTest, ALockThatADeadOfficeOfOurOwnLeftBehindDoesNotCount) {

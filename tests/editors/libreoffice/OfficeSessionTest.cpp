@@ -78,6 +78,20 @@ TEST_F(OfficeSessionTest, ASaveBringsTitleAndLinksIntoThePackage) {
   EXPECT_EQ("http://b", Link(2));
 }
 
+TEST_F(OfficeSessionTest, ASaveAtTheEndOfTheOfficeBringsTitleAndLinksIntoThePackage) {
+  Script(
+      {kReady, "until arrange", "await go", R"({"event":"closed","document":1})", kSaved,
+       R"({"event":"closed","document":2,"last":{"title":{"title":"New title"},"links":{"links":["http://a"]}}})",
+       R"({"event":"ended"})", "exit 0"});
+  OpenPackage();
+  ASSERT_TRUE(Translate());
+  Signal("go");
+  RunUntil([&] { return Progress() == "MODIFIED_C_UNCHANGED_T"; });
+  EXPECT_EQ("New title", Title());
+  EXPECT_EQ("http://a", Link(1));
+  EXPECT_TRUE(gEditorSlots->CheckSlots());
+}
+
 TEST_F(OfficeSessionTest, ADocumentWithoutATitleKeepsThatOfThePackage) {
   Script({kReady, "until arrange", "await go", kSaved, "serve"});
   OpenPackage();

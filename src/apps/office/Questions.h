@@ -4,16 +4,18 @@
 #include <cppuhelper/implbase1.hxx>
 #include <mutex>
 #include <optional>
+#include <rtl/ref.hxx>
 #include <string>
 #include <vector>
 
 #include "apps/office/Failure.h"
+#include "apps/office/Uno.h"
 
 namespace qb::office {
 
-/// Stands where a dialog of the office would stand while a document is loaded: nobody would look for one.
-/// Every question is declined and remembered.
-class LoadQuestions : public cppu::WeakImplHelper1<com::sun::star::task::XInteractionHandler2> {
+/// Stands where a dialog of the office would stand while a document is loaded or stored for us: nobody would
+/// look for one. Every question is declined and remembered.
+class Questions : public cppu::WeakImplHelper1<com::sun::star::task::XInteractionHandler2> {
  public:
   sal_Bool SAL_CALL handleInteractionRequest(
       const com::sun::star::uno::Reference<com::sun::star::task::XInteractionRequest>& request) override;
@@ -23,12 +25,13 @@ class LoadQuestions : public cppu::WeakImplHelper1<com::sun::star::task::XIntera
   /// What the questions tell about a document that could not be loaded; nothing if none was asked that tells
   /// it.
   std::optional<Failure> WhyNot(const std::string& path) const;
-  /// Whether anything was asked at all.
-  bool WasAsked() const;
 
  private:
   mutable std::mutex mutex_;
   std::vector<std::string> asked_;
 };
+
+/// The same as the office takes it in its arguments.
+Any HandlerOf(const rtl::Reference<Questions>& questions);
 
 }  // namespace qb::office

@@ -1,4 +1,4 @@
-#include "apps/office/LoadQuestions.h"
+#include "apps/office/Questions.h"
 
 #include <com/sun/star/task/XInteractionAbort.hpp>
 #include <com/sun/star/task/XInteractionApprove.hpp>
@@ -27,7 +27,7 @@ bool Choose(const uno::Sequence<Reference<task::XInteractionContinuation>>& ways
 
 }  // namespace
 
-sal_Bool LoadQuestions::handleInteractionRequest(const Reference<task::XInteractionRequest>& request) {
+sal_Bool Questions::handleInteractionRequest(const Reference<task::XInteractionRequest>& request) {
   {
     const std::string name = ToUtf8(request->getRequest().getValueTypeName());
     const std::lock_guard lock(mutex_);
@@ -38,16 +38,11 @@ sal_Bool LoadQuestions::handleInteractionRequest(const Reference<task::XInteract
          Choose<task::XInteractionApprove>(ways);
 }
 
-void LoadQuestions::handle(const Reference<task::XInteractionRequest>& request) {
+void Questions::handle(const Reference<task::XInteractionRequest>& request) {
   handleInteractionRequest(request);
 }
 
-bool LoadQuestions::WasAsked() const {
-  const std::lock_guard lock(mutex_);
-  return !asked_.empty();
-}
-
-std::optional<Failure> LoadQuestions::WhyNot(const std::string& path) const {
+std::optional<Failure> Questions::WhyNot(const std::string& path) const {
   const std::lock_guard lock(mutex_);
   for (const std::string& name : asked_) {
     if (name.find("Password") != std::string::npos) return Failure("encrypted", path + " is encrypted");
@@ -55,6 +50,10 @@ std::optional<Failure> LoadQuestions::WhyNot(const std::string& path) const {
     if (name.find("BrokenPackage") != std::string::npos) return Failure("damaged", path + " is damaged");
   }
   return std::nullopt;
+}
+
+Any HandlerOf(const rtl::Reference<Questions>& questions) {
+  return Any(Reference<task::XInteractionHandler>(static_cast<task::XInteractionHandler2*>(questions.get())));
 }
 
 }  // namespace qb::office

@@ -98,7 +98,8 @@ class Call : public cppu::WeakImplHelper1<awt::XCallback> {
   void SAL_CALL notify(const uno::Any& /*data*/) override {
     {
       const std::lock_guard lock(line_->mutex);
-      if (abandoned_) return;
+      // An office that ends still does what waits for its main thread, and dies of a document.
+      if (abandoned_ || line_->state != Line::State::kUp) return;
     }
     const std::exception_ptr failure = Attempt(work_);
     bool late = false;

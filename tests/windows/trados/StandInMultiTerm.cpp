@@ -11,6 +11,8 @@
 #include <cstring>
 #include <string>
 
+#include "windows/trados/StandInEnd.h"
+
 namespace {
 
 std::string mode;
@@ -97,6 +99,7 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM secon
 }  // namespace
 
 int main(int argc, char** argv) {
+  EndAfterAWhile();
   mode = argc > 1 ? argv[1] : "good";
   if (argc > 2) theItem = argv[2];
   WNDCLASSA windowClass{};

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <string>
 
+#include "windows/trados/StandInEnd.h"
+
 namespace {
 
 std::FILE* lines = nullptr;
@@ -38,6 +40,7 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM secon
 }  // namespace
 
 int main(int, char** argv) {
+  EndAfterAWhile();
   lines = std::fopen(argv[1], "wb");
   WNDCLASSW windowClass{};
   windowClass.lpfnWndProc = OnMessage;

@@ -9,6 +9,7 @@
 
 #include <string>
 
+#include "windows/trados/StandInEnd.h"
 #include "windows/trados/StandInWorkbench.h"
 
 namespace {
@@ -127,6 +128,7 @@ LRESULT CALLBACK OnMessage(HWND receiver, UINT message, WPARAM first, LPARAM sec
 }  // namespace
 
 int main(int argc, char** argv) {
+  EndAfterAWhile();
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   const bool isMute = argc > 1 && std::string(argv[1]) == "mute";
   CLSID identifier{};
@@ -142,6 +144,5 @@ int main(int argc, char** argv) {
                          nullptr, nullptr, nullptr, nullptr);
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
-  CoUninitialize();
-  return 0;
+  return 0;  // without leaving automation, where Wine may wait for calls of a program that has gone
 }

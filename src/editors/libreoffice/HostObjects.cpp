@@ -85,9 +85,9 @@ class Holder : public AutomationObject {
   Make make_;
 };
 
-Object SlideList(Office& office, const OfficeDocument& document) {
+Object SlideList(Office& office, OfficeDocument& document) {
   std::vector<Object> slides;
-  for (const Addresses& addresses : SlidesOf(office.Ask("links", document))) {
+  for (const Addresses& addresses : SlidesOf(office.Links(document))) {
     slides.push_back(std::make_shared<Holder>("Hyperlinks", [addresses] { return LinkList(addresses); }));
   }
   return std::make_shared<List>(std::move(slides));
@@ -100,6 +100,8 @@ class Application : public AutomationObject {
 
   std::string TextProperty(std::string_view name) override {
     if (name != "Name") NoSuchMember(name);
+    // A save is recorded even if its links cannot be had: they are not counted on behind this name.
+    if (!office_->HasLinks(*document_)) return "LibreOffice";
     // The two hosts whose object model the objects of this file follow.
     if (document_->kind == "text") return "Microsoft Word";
     if (document_->kind == "presentation") return "Microsoft PowerPoint";
@@ -130,8 +132,8 @@ std::shared_ptr<AutomationObject> MakeHostDocument(const std::shared_ptr<Office>
                                   [office, document] { return LinkList(AllAddresses(*office, *document)); });
 }
 
-std::vector<std::string> AllAddresses(Office& office, const OfficeDocument& document) {
-  const Json answer = office.Ask("links", document);
+std::vector<std::string> AllAddresses(Office& office, OfficeDocument& document) {
+  const Json answer = office.Links(document);
   Addresses all = ListOf(answer, "links");
   for (const Addresses& slide : SlidesOf(answer)) all.insert(all.end(), slide.begin(), slide.end());
   return all;

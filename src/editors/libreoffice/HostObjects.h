@@ -19,6 +19,6 @@ std::shared_ptr<AutomationObject> MakeHostDocument(const std::shared_ptr<Office>
                                                    const std::shared_ptr<OfficeDocument>& document);
 
 /// The addresses of all links in their order.
-std::vector<std::string> AllAddresses(Office& office, const OfficeDocument& document);
+std::vector<std::string> AllAddresses(Office& office, OfficeDocument& document);
 
 }  // namespace qb

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "editors/libreoffice/OpenElsewhere.h"
+#include "foundation/CMessageHandler.h"
 #include "foundation/CTrace.h"
 #include "foundation/gRvdError.h"
 #include "foundation/gRvdFile.h"
@@ -19,6 +20,18 @@ using Json = nlohmann::json;
 
 constexpr std::string_view kModule = "LibreOffice";
 constexpr int kAttemptsToOpen = 3;
+
+[[noreturn]] void RaiseGone(const OfficeDocument& document) {
+  throw RuntimeError(failure::kOwn, std::string(kModule),
+                     "'" + document.path + "' has gone from LibreOffice.");
+}
+
+/// Whether the file of a writable document was written since its last save was heard of.
+bool WasWritten(const OfficeDocument& document) {
+  if (!document.stamp) return false;
+  const auto now = ThePlatform().files->Stamp(document.path);
+  return now && (now->size != document.stamp->size || !(now->lastWrite == document.stamp->lastWrite));
+}
 
 }  // namespace
 
@@ -88,10 +101,10 @@ std::shared_ptr<OfficeDocument> Office::Open(const std::shared_ptr<OfficeGroup>&
   if (!understood || losses != losses_) {
     RaiseAbout(failure::kInternalError, "LibreOffice opened '" + std::string(path) + "' and lost it");
   }
-  document->loss = losses;
   document->number = answer["document"].get<std::int64_t>();
   document->path = path;
   document->kind = answer["kind"].get<std::string>();
+  if (!readOnly) document->stamp = ThePlatform().files->Stamp(path);
   open_.push_back(document);
   if (group->documents.empty()) groups_.push_back(group);
   group->documents.push_back(document);
@@ -136,21 +149,52 @@ void Office::Arrange(const OfficeGroup& group, std::int32_t style) {
   Err.Clear();
 }
 
-Json Office::Ask(std::string_view call, const OfficeDocument& document, Json arguments) {
-  const std::string name(call);
-  if (document.last.contains(name)) return document.last[name];
-  if (document.loss != losses_) {
-    throw RuntimeError(failure::kOwn, std::string(kModule),
-                       "'" + document.path + "' has gone with its LibreOffice.");
+Json Office::Ask(std::string_view call, OfficeDocument& document) {
+  if (!document.closed) {
+    try {
+      const Json answer = Call(call, {{"document", document.number}});
+      // One that was closed meanwhile has said what it said last.
+      if (!document.closed || !document.answers.contains(call)) document.answers[std::string(call)] = answer;
+    } catch (const RuntimeError&) {
+      if (!document.closed) throw;
+    }
   }
-  arguments["document"] = document.number;
-  try {
-    return Call(call, std::move(arguments));
-  } catch (const RuntimeError&) {
-    // It may have been closed while the request was on its way.
-    if (!document.last.contains(name)) throw;
+  const auto found = document.answers.find(call);
+  if (found != document.answers.end()) return found->second;
+  RaiseGone(document);
+}
+
+Json Office::Title(OfficeDocument& document) {
+  return Ask("title", document);
+}
+
+Json Office::Links(OfficeDocument& document) {
+  const auto told = document.told;
+  if (told == nullptr) return Ask("links", document);
+  if (!std::exchange(told->asked, true)) {
+    const PendingError pending = Err;
+    if (!Attempt([&] { told->links = Ask("links", document); })) told->refusal = Err.Description;
+    Err = pending;
   }
-  return document.last[name];
+  if (told->links) return *told->links;
+  throw RuntimeError(failure::kOwn, std::string(kModule), told->refusal);
+}
+
+bool Office::HasLinks(OfficeDocument& document) {
+  if (document.told == nullptr) return true;
+  const PendingError pending = Err;
+  const bool has = Attempt([&] { Links(document); });
+  if (!has && gMessageHandler != nullptr) {
+    gMessageHandler->Message("The links of '" + document.path + "' could not be read: " + Err.Description, 1,
+                             false, false);
+  }
+  Err = pending;
+  return has;
+}
+
+void Office::SetTitle(const OfficeDocument& document, std::string_view title) {
+  if (document.closed) RaiseGone(document);
+  Call("setTitle", {{"document", document.number}, {"title", title}});
 }
 
 void Office::Take(const OfficeEvent& event) {
@@ -161,17 +205,24 @@ void Office::Take(const OfficeEvent& event) {
     if (client_->IsCalling()) unknown_.push_back(event);
     return;
   }
-  if (event.kind == OfficeEvent::Kind::kClosed) {
-    (*found)->last = event.last;
-    return TakeClose(*found);
-  }
-  waiting_.push_back({true, *found});
+  if (event.kind == OfficeEvent::Kind::kClosed) return TakeClose(*found, event.last);
+  TakeSave(*found);
+}
+
+void Office::TakeSave(const std::shared_ptr<OfficeDocument>& document) {
+  if (document->stamp) document->stamp = ThePlatform().files->Stamp(document->path);
+  waiting_.push_back({true, document});
   RaiseLater();
 }
 
-void Office::TakeClose(const std::shared_ptr<OfficeDocument>& document) {
+void Office::TakeClose(const std::shared_ptr<OfficeDocument>& document, const Json& last) {
   if (document->closed) return;
   document->closed = true;
+  if (last.is_object()) {
+    for (const auto& [call, answer] : last.items()) document->answers[call] = answer;
+  }
+  // An office that dies right behind a save does not tell it any more.
+  if (WasWritten(*document)) TakeSave(document);
   waiting_.push_back({false, document});
   open_.erase(
       std::find(open_.begin(), open_.end(), document));  // NOLINT(bugprone-inaccurate-erase): it is there
@@ -221,10 +272,20 @@ void Office::RaiseOne(const Event& event) {
   const auto holder = event.document->holder.lock();
   if (holder == nullptr) return;
   if (event.saved) {
-    holder->RaiseOnPostLocalSave();
+    RaiseSave(*event.document, *holder);
   } else {
     holder->RaiseOnPostClose();
   }
+}
+
+void Office::RaiseSave(OfficeDocument& document, IBridgeDocument& holder) {
+  struct Telling {
+    OfficeDocument& document;
+    std::shared_ptr<ToldSave> outer;
+    ~Telling() { document.told = outer; }
+  };
+  const Telling telling{document, std::exchange(document.told, std::make_shared<ToldSave>())};
+  holder.RaiseOnPostLocalSave();
 }
 
 void Office::Leave(const std::shared_ptr<OfficeDocument>& document) {

@@ -2,25 +2,39 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "editors/DocumentBridge.h"
 #include "editors/libreoffice/OfficeClient.h"
+#include "platform/FileSystem.h"
 
 namespace qb {
+
+/// A save whose event is being raised: the links are asked for once, and are the same for whoever reads them.
+struct ToldSave {
+  bool asked = false;
+  std::optional<nlohmann::json> links;
+  std::string refusal;  ///< why there are none
+};
 
 /// A document that is, or was, open in the office.
 struct OfficeDocument {
   std::int64_t number = 0;
   std::string path;
-  std::string kind;       ///< "text", "presentation", "drawing" or "web"
-  bool closed = false;    ///< the office has closed it; whoever holds it may not have been told yet
-  std::int64_t loss = 0;  ///< how many offices had been lost when it was opened
-  nlohmann::json last;    ///< what it said when it was closed: answers by the names of requests
+  std::string kind;     ///< "text", "presentation", "drawing" or "web"
+  bool closed = false;  ///< the office has closed it; whoever holds it may not have been told yet
+  /// What was answered last, by request; of a closed document what its last save left.
+  std::map<std::string, nlohmann::json, std::less<>> answers;
+  std::shared_ptr<ToldSave> told;
+  /// The file of a writable document when it was opened, or when its last save was heard of.
+  std::optional<FileStamp> stamp;
   std::weak_ptr<IBridgeDocument> holder;
 };
 
@@ -53,9 +67,13 @@ class Office : public std::enable_shared_from_this<Office> {
   void Close(const OfficeGroup& group);
   /// Puts the group's windows beside each other; what keeps the office from doing so is only traced.
   void Arrange(const OfficeGroup& group, std::int32_t style);
-  /// Asks about a document. One that was closed can still be asked for what its last save left.
-  nlohmann::json Ask(std::string_view call, const OfficeDocument& document,
-                     nlohmann::json arguments = nlohmann::json::object());
+  /// The answers to "title" and "links". A document that was closed can still be asked for what its last save
+  /// left, whatever has become of the office since. Raises why there is no answer.
+  nlohmann::json Title(OfficeDocument& document);
+  nlohmann::json Links(OfficeDocument& document);
+  /// False if the document was saved just now, which is being told, and does not say what its links are.
+  bool HasLinks(OfficeDocument& document);
+  void SetTitle(const OfficeDocument& document, std::string_view title);
 
  private:
   using Documents = std::vector<std::shared_ptr<OfficeDocument>>;
@@ -68,13 +86,16 @@ class Office : public std::enable_shared_from_this<Office> {
 
   nlohmann::json Call(std::string_view call, nlohmann::json arguments);
   nlohmann::json CallToOpen(std::string_view path, bool readOnly, std::int64_t& losses);
+  nlohmann::json Ask(std::string_view call, OfficeDocument& document);
   void Take(const OfficeEvent& event);
   void TakeLoss();
-  void TakeClose(const std::shared_ptr<OfficeDocument>& document);
+  void TakeClose(const std::shared_ptr<OfficeDocument>& document, const nlohmann::json& last = {});
   void RaiseLater();
   void RaiseWaiting();
   void RaiseOf(const Documents& documents);
   void RaiseOne(const Event& event);
+  void TakeSave(const std::shared_ptr<OfficeDocument>& document);
+  static void RaiseSave(OfficeDocument& document, IBridgeDocument& holder);
   void Leave(const std::shared_ptr<OfficeDocument>& document);
 
   std::shared_ptr<OfficeClient> client_;

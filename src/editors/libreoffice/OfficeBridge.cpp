@@ -53,7 +53,7 @@ class TitleProperty : public IBridgeProperty {
       : office_(std::move(office)), document_(std::move(document)) {}
 
   TaggedValue Value() override {
-    const Json answer = office_->Ask("title", *document_);
+    const Json answer = office_->Title(*document_);
     const auto title = answer.find("title");
     if (title == answer.end() || !title->is_string()) RaiseAbout(failure::kInvalidArgument, "Title");
     std::string text = title->get<std::string>();
@@ -63,9 +63,7 @@ class TitleProperty : public IBridgeProperty {
     return text;
   }
 
-  void Value(const TaggedValue& newValue) override {
-    office_->Ask("setTitle", *document_, {{"title", TextOf(newValue)}});
-  }
+  void Value(const TaggedValue& newValue) override { office_->SetTitle(*document_, TextOf(newValue)); }
 
  private:
   TheOffice office_;

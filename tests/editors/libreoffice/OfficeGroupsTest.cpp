@@ -301,16 +301,75 @@ TEST_F(OfficeGroupsTest, NumbersOfANewOfficeAreNotThoseOfTheOldOne) {
   EXPECT_THAT(events_, ElementsAre("a.doc closed", "b.doc saved"));
 }
 
-TEST_F(OfficeGroupsTest, AClosedDocumentCanStillBeAskedForWhatItsSaveLeft) {
-  Script({kReady, "serve 1", "await go", R"({"event":"saved","document":1})",
+TEST_F(OfficeGroupsTest, AClosedDocumentCanStillBeAskedForWhatItsSaveLeftAndSoCanOneOfALostOffice) {
+  for (const char* end : {"serve", "kill"}) {
+    TheOffice().End();
+    events_.clear();
+    std::filesystem::remove(scripts_ / "go");
+    Script({kReady, "serve 1", "await go", R"({"event":"saved","document":1})",
+            R"({"event":"closed","document":1,"last":{"title":{"title":"New"},"links":{"links":["x"]}}})",
+            end});
+    const auto document = Open(*AddGroup(kA), kA);
+    document->OnPostLocalSave = [&] {
+      const auto title = document->CustomProperties()->Item(std::string("Title"))->Value();
+      events_.push_back(TextOf(title) + " with " + document->Hyperlinks()->Item(1));
+    };
+    Signal("go");
+    RunUntil([&] { return events_.size() == 2; });
+    EXPECT_THAT(events_, ElementsAre("New with x", "a.doc closed"));
+    EXPECT_EQ("open", Calls().back());
+  }
+}
+
+TEST_F(OfficeGroupsTest, AClosedDocumentThatSaidNothingNewSaysWhatItSaidLast) {
+  Script({kReady, "serve 1", "await go", R"({"event":"saved","document":1})", "on links",
+          R"({"event":"saved","document":1})", R"({"id":$id,"result":{"links":["x"]}})",
           R"({"event":"closed","document":1})", "serve"});
   const auto document = Open(*AddGroup(kA), kA);
-  document->OnPostLocalSave = [&] {
-    events_.push_back("saved with " + std::to_string(document->Hyperlinks()->Count()));
-  };
+  document->OnPostLocalSave = [&] { events_.push_back(document->Hyperlinks()->Item(1)); };
+  Signal("go");
+  RunUntil([&] { return events_.size() == 3; });
+  EXPECT_THAT(events_, ElementsAre("x", "x", "a.doc closed"));
+}
+
+TEST_F(OfficeGroupsTest, WhatADocumentSaidAtItsCloseIsNewerThanAnAnswerThatComesBehindIt) {
+  Script({kReady, "serve 1", "await go", R"({"event":"saved","document":1})", "on links",
+          R"({"event":"saved","document":1})",
+          R"({"event":"closed","document":1,"last":{"links":{"links":["new"]}}})",
+          R"({"id":$id,"result":{"links":["old"]}})", "serve"});
+  const auto document = Open(*AddGroup(kA), kA);
+  document->OnPostLocalSave = [&] { events_.push_back(document->Hyperlinks()->Item(1)); };
+  Signal("go");
+  RunUntil([&] { return events_.size() == 3; });
+  EXPECT_THAT(events_, ElementsAre("new", "new", "a.doc closed"));
+}
+
+TEST_F(OfficeGroupsTest, ATitleIsNotSetInADocumentThatIsClosed) {
+  const auto document = Open(*AddGroup(kA), kA);
+  Bridge()->Groups()->Item(std::string(kA))->Close();
+  const auto title = document->CustomProperties()->Item(std::string("Title"));
+  EXPECT_THAT(RaisedBy([&] { title->Value(std::string("New")); }), testing::HasSubstr("has gone"));
+  EXPECT_EQ("close", Calls().back());
+}
+
+TEST_F(OfficeGroupsTest, AFileThatWasWrittenIsToldAsSavedEvenIfTheOfficeDiedBeforeItSaidSo) {
+  Script({kReady, "serve 2", "await go", "kill"});
+  OpenPair();
+  Write(kA, "a source is not ours to save");
+  Write(kB, "written by the office");
+  Signal("go");
+  RunUntil([&] { return events_.size() == 3; });
+  EXPECT_THAT(events_, ElementsAre("a.doc closed", "b.doc saved", "b.doc closed"));
+}
+
+TEST_F(OfficeGroupsTest, ASaveThatWasToldIsNotToldAgainAtTheClose) {
+  Script({kReady, "serve 2", "await go", R"({"event":"saved","document":2})",
+          R"({"event":"closed","document":2})", "serve"});
+  OpenPair();
+  Write(kB, "written by the office");
   Signal("go");
   RunUntil([&] { return events_.size() == 2; });
-  EXPECT_THAT(events_, ElementsAre("saved with 0", "a.doc closed"));
+  EXPECT_THAT(events_, ElementsAre("b.doc saved", "b.doc closed"));
 }
 
 TEST_F(OfficeGroupsTest, ADocumentOfALostOfficeAnswersNothing) {

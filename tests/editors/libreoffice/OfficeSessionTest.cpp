@@ -92,6 +92,55 @@ TEST_F(OfficeSessionTest, ASaveAtTheEndOfTheOfficeBringsTitleAndLinksIntoThePack
   EXPECT_TRUE(gEditorSlots->CheckSlots());
 }
 
+/// What the office does behind a save whose links nobody gets, and the kind of document.
+struct Silence {
+  const char* name;
+  const char* format;
+  std::vector<std::string> script;
+};
+
+class OfficeSilenceTest : public OfficeSessionTest, public testing::WithParamInterface<Silence> {};
+
+TEST_P(OfficeSilenceTest, ASaveIsRecordedWithoutABox) {
+  std::vector<std::string> script = GetParam().script;
+  script.insert(script.begin(), {kReady, "until arrange", "await go", kSaved});
+  Script(script);
+  OpenPackage(GetParam().format);
+  ASSERT_TRUE(Translate());
+  const auto boxes = Boxes().Shown().size();
+  Signal("go");
+  RunUntil([&] { return Progress() == "MODIFIED_C_UNCHANGED_T"; });
+  EXPECT_THAT(Bytes(R"(\pkg\Protocol.txt)"), HasSubstr("The links of"));
+  EXPECT_EQ("Styles", Title());
+  EXPECT_EQ(boxes, Boxes().Shown().size());
+}
+
+const char* const kRefusedLinks = R"({"id":$id,"error":{"code":"office","text":"Too many links."}})";
+const char* const kTranslationClosed = R"({"event":"closed","document":2})";
+
+INSTANTIATE_TEST_SUITE_P(
+    Office, OfficeSilenceTest,
+    testing::Values(Silence{"RefusesForAText", "DOC", {"until title", "on links", kRefusedLinks, "serve"}},
+                    Silence{"RefusesForSlides", "PPT", {"until title", "on links", kRefusedLinks, "serve"}},
+                    Silence{"DiesWhenAsked", "DOC", {"until title", "on links", "kill"}},
+                    Silence{"DiesRightAfterTheSave", "DOC", {"kill"}},
+                    Silence{"ClosesWithoutAWord", "PPT", {kTranslationClosed, "serve"}}),
+    [](const auto& test) { return test.param.name; });
+
+TEST_F(OfficeSessionTest, LinksThatCannotBeHadAreAskedForOnceAndTheNextSaveAsksAgain) {
+  Script({kReady, "until arrange", "await go", kSaved, "until title", "on links",
+          R"({"id":$id,"error":{"code":"office","text":"no"}})", "await more", kSaved, "serve"});
+  OpenPackage();
+  ASSERT_TRUE(Translate());
+  Signal("go");
+  RunUntil([&] { return Progress() == "MODIFIED_C_UNCHANGED_T"; });
+  EXPECT_EQ("links", Calls().back());
+  const auto calls = Calls().size();
+  Signal("more");
+  RunUntil([&] { return Calls().size() == calls + 2; });
+  EXPECT_EQ("links", Calls().back());
+}
+
 TEST_F(OfficeSessionTest, ADocumentWithoutATitleKeepsThatOfThePackage) {
   Script({kReady, "until arrange", "await go", kSaved, "serve"});
   OpenPackage();

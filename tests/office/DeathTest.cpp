@@ -1,6 +1,7 @@
 #include <signal.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "apps/office/UnoStart.h"
 #include "office/HelperProcess.h"
@@ -26,6 +27,15 @@ class DeathTest : public FolderTest {
 
   static int Open(HelperProcess& helper, const std::string& path) {
     return helper.Ask("open", {{"path", path}, {"readOnly", false}}).value("document", 0);
+  }
+
+  /// Whether a process has been told to take no notice of a signal.
+  static bool Ignores(pid_t process, int signal) {
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
+    for (std::string line; std::getline(status, line);) {
+      if (line.starts_with("SigIgn:")) return (std::stoull(line.substr(7), nullptr, 16) >> (signal - 1)) & 1U;
+    }
+    return true;
   }
 
   static void ExpectClosedAndEnded(HelperProcess& helper, int document) {
@@ -80,6 +90,19 @@ TEST_F(DeathTest, closesAllDocumentsOfADeadOffice) {
     helper.WaitForEnd();
     std::filesystem::copy_file(Path("lock"), Path(".~lock.wartung.doc#"));
   }
+}
+
+TEST_F(DeathTest, outlivesWhatEndsAProgramFromATerminalOrAtALogout) {
+  HelperProcess helper(Path("profile"));
+  const int document = Open(helper, Sample());
+  for (const int end : {SIGINT, SIGHUP, SIGTERM}) {
+    Signal(helper.Pid(), end);
+    // To a lost terminal the office pays no attention by itself.
+    EXPECT_EQ(Ignores(helper.OfficePid(), end), end == SIGHUP) << end;
+  }
+  EXPECT_TRUE(helper.Ask("title", {{"document", document}}).contains("title"));
+  helper.Ask("quit");
+  EXPECT_EQ(helper.WaitForEnd(), 0);
 }
 
 TEST_F(DeathTest, answersARequestWhoseOfficeDies) {

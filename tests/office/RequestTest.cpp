@@ -97,21 +97,25 @@ office:mimetype="application/vnd.oasis.opendocument.presentation"><office:body><
             json({{"slides", {{"http://x/one", "http://x/two"}, json::array(), {"http://x/click"}}}}));
 }
 
+std::string TextWith(const std::string& paragraphs) {
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><office:document "
+         "xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\" "
+         "xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\" "
+         "xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
+         "office:version=\"1.2\" office:mimetype=\"application/vnd.oasis.opendocument.text\"><office:body>"
+         "<office:text>" +
+         paragraphs + "</office:text></office:body></office:document>";
+}
+
 TEST_F(RequestTest, readsTenThousandLinksAtOnce) {
-  std::string text =
-      "<?xml version=\"1.0\" encoding=\"UTF-8\"?><office:document "
-      "xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\" "
-      "xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\" "
-      "xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
-      "office:version=\"1.2\" office:mimetype=\"application/vnd.oasis.opendocument.text\"><office:body>"
-      "<office:text>";
+  std::string text;
   for (int link = 0; link < 10000; ++link) {
     text +=
         "<text:p>Word <text:a xlink:href=\"http://x/" + std::to_string(link) + "\">link</text:a></text:p>";
   }
-  Put("many.fodt", text + "<text:p><text:a xlink:href=\"http://x/" + std::string(10000, 'y') +
-                       "\">long</text:a> <text:a xlink:href=\"http://x/bro&#10;ken\">x</text:a></text:p>"
-                       "</office:text></office:body></office:document>");
+  Put("many.fodt",
+      TextWith(text + "<text:p><text:a xlink:href=\"http://x/" + std::string(10000, 'y') +
+               "\">long</text:a> <text:a xlink:href=\"http://x/bro&#10;ken\">x</text:a></text:p>"));
   // One that asks for each of them takes longer than the helper's patience on a busy machine.
   const json links = Links(Path("many.fodt"))["links"];
   ASSERT_EQ(links.size(), 10002U);
@@ -119,6 +123,19 @@ TEST_F(RequestTest, readsTenThousandLinksAtOnce) {
   EXPECT_EQ(links[10000].get<std::string>().size(), 10009U);
   // Encoded it is no line break in a package file, and belongs to the address.
   EXPECT_EQ(links[10001], "http://x/bro%0Aken");
+}
+
+TEST_F(RequestTest, refusesToTellMoreLinksThanTheProgramReads) {
+  const std::string address = "http://x/" + std::string(1000000, 'y');
+  std::string text;
+  for (int link = 0; link < 34; ++link) {
+    text += "<text:p><text:a xlink:href=\"" + address + std::to_string(link) + "\">link</text:a></text:p>";
+  }
+  Put("long.fodt", TextWith(text));
+  const int document = Open(Path("long.fodt"));
+  const json error = Helper().Ask("links", {{"document", document}});
+  EXPECT_EQ(error.value("code", ""), "office") << error.value("text", "");
+  EXPECT_TRUE(Helper().Ask("title", {{"document", document}}).contains("title"));
 }
 
 }  // namespace

@@ -106,21 +106,29 @@ class RequestLoop {
   }
 
   void Answer(const std::string& line) {
-    json answer;
+    json id;
     try {
       const json request = json::parse(line);
       if (!request.is_object()) throw Failure("request", "A request is an object");
-      answer["id"] = request.value("id", json());
+      id = request.value("id", json());
       const std::string call = request.at("call");
-      answer["result"] = service_.Work(call, request);
+      const json result = service_.Work(call, request);
       isDone_ = call == "quit";
+      service_.TellHappenings();
+      WriteLine({{"id", id}, {"result", result}});
     } catch (const Failure& failure) {
-      answer["error"] = {{"code", failure.Code()}, {"text", failure.what()}};
+      Refuse(id, failure.Code(), failure.what());
     } catch (const json::exception& failure) {
-      answer["error"] = {{"code", "request"}, {"text", failure.what()}};
+      Refuse(id, "request", failure.what());
+    } catch (const std::exception& failure) {
+      // Whatever one request needs too much of, the other documents stay.
+      Refuse(id, "office", failure.what());
     }
+  }
+
+  void Refuse(const json& id, const std::string& code, const std::string& text) {
     service_.TellHappenings();
-    WriteLine(answer);
+    WriteLine({{"id", id}, {"error", {{"code", code}, {"text", text}}}});
   }
 
   bool HasDocuments() {

@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <string_view>
 
+#include "apps/office/Failure.h"
+
 namespace qb::office {
 
 bool LineReader::Read() {
@@ -26,6 +28,9 @@ std::optional<std::string> LineReader::Next() {
 
 void WriteLine(const nlohmann::json& object) {
   const std::string line = object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + '\n';
+  if (line.size() > kLongestLine) {
+    throw Failure("office", "The document has more to tell than " + std::to_string(kLongestLine) + " bytes");
+  }
   for (std::string_view rest = line; !rest.empty();) {
     const ssize_t count = write(STDOUT_FILENO, rest.data(), rest.size());
     if (count < 0 && errno != EINTR) return;

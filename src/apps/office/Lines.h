@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -21,8 +22,12 @@ class LineReader {
   std::string waiting_;
 };
 
+/// The longest line that is written, in bytes. The program takes twice as much; whoever writes more than that
+/// is out of his mind, and is ended with all documents.
+constexpr std::size_t kLongestLine = std::size_t{32} << 20U;
+
 /// Writes the object as one line to the standard output, at once. Whether somebody reads it does not matter
-/// here.
+/// here. Raises `Failure` "office" if the line would be too long; nothing is written then.
 void WriteLine(const nlohmann::json& object);
 
 }  // namespace qb::office

@@ -35,7 +35,7 @@ void PrepareSurroundings() {
   sigset_t none;
   sigemptyset(&none);
   sigprocmask(SIG_SETMASK, &none, nullptr);
-  signal(SIGPIPE, SIG_DFL);
+  for (const int end : {SIGPIPE, SIGINT, SIGHUP, SIGTERM}) signal(end, SIG_DFL);
   const int nothing = open("/dev/null", O_RDWR);
   if (nothing < 0 || dup2(nothing, STDIN_FILENO) < 0 || dup2(nothing, STDOUT_FILENO) < 0) _exit(126);
   close(nothing);

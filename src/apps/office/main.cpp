@@ -45,7 +45,9 @@ int main(int argc, char** argv) {
                stderr);
     return kUsage;
   }
-  signal(SIGPIPE, SIG_IGN);
+  // What ends the program from a terminal or at a logout reaches us as well. The program still closes its
+  // documents then, and we end with our input.
+  for (const int end : {SIGPIPE, SIGINT, SIGHUP, SIGTERM}) signal(end, SIG_IGN);
   try {
     const auto lock = qb::office::LockProfile(line.places.profile);
     if (!lock) {

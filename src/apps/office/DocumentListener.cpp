@@ -2,12 +2,12 @@
 
 #include <com/sun/star/document/XDocumentEventBroadcaster.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+#include <exception>
 #include <iostream>
 #include <utility>
 
 #include "apps/office/CustomTitle.h"
 #include "apps/office/DocumentLinks.h"
-#include "apps/office/Failure.h"
 #include "apps/office/FileChecks.h"
 #include "apps/office/Uno.h"
 #include "apps/office/UnoText.h"
@@ -46,6 +46,7 @@ void DocumentListener::documentEventOccured(const document::DocumentEvent& event
 
 void DocumentListener::queryClosing(const lang::EventObject& source, sal_Bool /*owns*/) {
   // Who saves at the close leaves nobody the time to ask.
+  last_.reset();
   if (known_ == saves_) return;
   const Reference<com::sun::star::frame::XModel> model(source.Source, UNO_QUERY);
   if (!model.is()) return;
@@ -56,7 +57,7 @@ void DocumentListener::queryClosing(const lang::EventObject& source, sal_Bool /*
     last_ = std::move(last);
   } catch (const com::sun::star::uno::Exception& failure) {
     std::cerr << path_ << " could not be read at its close: " << ToUtf8(failure.Message) << std::endl;
-  } catch (const Failure& failure) {
+  } catch (const std::exception& failure) {
     std::cerr << path_ << " could not be read at its close: " << failure.what() << std::endl;
   }
 }

@@ -9,6 +9,7 @@
 #include <com/sun/star/util/CloseVetoException.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
+#include <exception>
 #include <iostream>
 #include <iterator>
 #include <memory>
@@ -104,11 +105,13 @@ void Service::TellHappenings() {
 }
 
 void Service::TellClosed(const OpenDocument& document) const {
-  json line = {{"event", "closed"}, {"document", document.number}};
+  const json line = {{"event", "closed"}, {"document", document.number}};
   if (const auto& last = document.listener->Last()) {
     try {
-      line["last"] = {{"links", LinksIn(document, last->text)}, {"title", TitleAnswer(last->title)}};
-    } catch (const Failure& failure) {
+      json whole = line;
+      whole["last"] = {{"links", LinksIn(document, last->text)}, {"title", TitleAnswer(last->title)}};
+      return WriteLine(whole);
+    } catch (const std::exception& failure) {
       std::cerr << document.path << ": " << failure.what() << std::endl;
     }
   }

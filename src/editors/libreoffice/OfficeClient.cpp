@@ -152,7 +152,6 @@ Json OfficeClient::Call(std::string_view call, Json arguments) {
   const Json answer = Await(id);
   if (const auto error = answer.find("error"); error != answer.end()) {
     const std::string text = Text(*error, "text");
-    if (Text(*error, "code") == "ended") RaiseEnded(text);
     Raise(text.empty() ? "LibreOffice refused: " + Text(*error, "code") : text);
   }
   const auto result = answer.find("result");
@@ -218,6 +217,10 @@ bool OfficeClient::Forget(std::int64_t id) {
 }
 
 void OfficeClient::TakeAnswer(std::int64_t id, const Json& answer) {
+  // The end comes next, behind what happened to the documents, and is answer enough. A request that followed
+  // this one at once would go to the same office.
+  const auto error = answer.find("error");
+  if (error != answer.end() && Text(*error, "code") == "ended") return;
   if (Forget(id)) answers_[id] = answer;  // an answer that nobody waits for any more is none
 }
 

@@ -11,6 +11,7 @@
 namespace qb {
 namespace {
 
+constexpr int kMostListeners = 1000;  // kinds of them; no document has so many
 constexpr const char* kSubject = "events of a document";
 
 /// Where a listener is taken, and what it is told.
@@ -23,14 +24,14 @@ struct Connection {
 Connection FirstKnown(const BridgeLibrary& library, IConnectionPointContainer& container) {
   ComPtr<IEnumConnectionPoints> points;
   CheckCom(container.EnumConnectionPoints(points.GetAddressOf()), kSubject);
-  for (;;) {
+  for (int i = 0; i < kMostListeners; ++i) {
     ComPtr<IConnectionPoint> point;
-    if (points->Next(1, point.GetAddressOf(), nullptr) != S_OK)
-      RaiseComFailure(CONNECT_E_NOCONNECTION, kSubject);
+    if (points->Next(1, point.GetAddressOf(), nullptr) != S_OK) break;
     IID listener{};
     CheckCom(point->GetConnectionInterface(&listener), kSubject);
     if (const auto events = EventsByListener(*library.types.Get(), listener)) return {point, *events};
   }
+  RaiseComFailure(CONNECT_E_NOCONNECTION, kSubject);
 }
 
 Connection ConnectionOf(const BridgeLibrary& library, IUnknown& object) {

@@ -9,6 +9,7 @@
 namespace qb {
 namespace {
 
+constexpr std::int32_t kMostElements = 100'000;  // no list has so many, but for one without an end
 constexpr WORD kRead = DISPATCH_PROPERTYGET | DISPATCH_METHOD;  // lists differ in what these members are
 
 std::vector<ComValue> ByPosition(IDispatch& collection) {
@@ -17,6 +18,7 @@ std::vector<ComValue> ByPosition(IDispatch& collection) {
       InvokeMember(collection, MemberNumber(collection, "Count"), kRead, "Count").Tagged();
   const auto* const last = std::get_if<std::int32_t>(&count);
   if (last == nullptr) throw RuntimeError(failure::kTypeMismatch);
+  if (*last > kMostElements) RaiseAbout(failure::kOverflow, "collection");
   const DISPID item = MemberNumber(collection, "Item");
   for (std::int32_t position = 1; position <= *last; ++position) {
     elements.push_back(InvokeMember(collection, item, kRead, "Item", {TaggedValue(position)}));
@@ -34,6 +36,7 @@ std::vector<ComValue> ByEnumerator(IUnknown& enumerator) {
     const HRESULT result = each->Next(1, element.Out(), &fetched);
     CheckCom(result, "collection");
     if (result != S_OK || fetched != 1) return elements;
+    if (elements.size() == kMostElements) RaiseAbout(failure::kOverflow, "collection");
     elements.push_back(std::move(element));
   }
 }

@@ -136,6 +136,16 @@ TEST_F(ComBridgeTest, Hyperlinks_OfNone_IsAnEmptyListOrNothing) {
   EXPECT_EQ(document->Hyperlinks(), nullptr);
 }
 
+TEST_F(ComBridgeTest, Hyperlinks_WithoutAnEnd_Raise) {
+  office_->Describe(kDocument).links = {{"http://one", "http://two"}};
+  const auto document = OpenDocument();
+  theStandIn.listsWithoutEnd = true;
+  for (const bool byPosition : {false, true}) {
+    theStandIn.listsByPosition = byPosition;
+    EXPECT_EQ(FailureOf([&] { document->Hyperlinks(); }), failure::kOverflow);
+  }
+}
+
 TEST_F(ComBridgeTest, Failure_CarriesTheNumberAndTheWordsOfTheLibrary) {
   office_->RaiseAt("bridge 1 Groups", 4711);
   const auto bridge = NewBridge();
@@ -200,6 +210,13 @@ TEST_F(ComBridgeTest, Events_TypeLibraryTellsOfNoClassThatRaisesThem_AreFoundThr
   EXPECT_EQ(closed, 0);
   office_->UserCloses(kDocument);
   EXPECT_EQ(closed, 1);
+}
+
+TEST_F(ComBridgeTest, Events_KindsOfListenersWithoutAnEndAndNoneKnown_Raise) {
+  RegisterStandIn(StandInFile(L"NoEvents.tlb"), StandInFile(L"StandInBridge.dll"));
+  theStandIn.listsWithoutEnd = true;
+  EXPECT_NE(FailureOf([this] { OpenDocument(); }), 0);
+  EXPECT_THAT(Err.Description, HasSubstr("events of a document"));
 }
 
 TEST_F(ComBridgeTest, Event_ThatLetsGoOfEverything_IsHandledToItsEnd) {

@@ -72,7 +72,8 @@ class StandInPoints : public Counted<IEnumConnectionPoints> {
   explicit StandInPoints(std::vector<ComPtr<IConnectionPoint>> points) : points_(std::move(points)) {}
   HRESULT STDMETHODCALLTYPE Next(ULONG count, IConnectionPoint** points, ULONG*) override {
     if (count != 1 || next_ == points_.size()) return S_FALSE;
-    *points = points_[next_++].Get();
+    *points = points_[next_].Get();
+    if (!theStandIn.listsWithoutEnd) ++next_;
     (*points)->AddRef();
     return S_OK;
   }

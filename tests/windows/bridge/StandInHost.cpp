@@ -1,6 +1,7 @@
 #include "windows/bridge/StandInHost.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "platform/win32/Win32Text.h"
 
@@ -28,6 +29,7 @@ class StandInEnumerator : public IEnumVARIANT {
   }
   HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) override {
     ULONG given = 0;
+    if (theStandIn.listsWithoutEnd && next_ == values_.size()) next_ = 0;
     for (; given < count && next_ < values_.size(); ++given)
       VariantCopy(values + given, values_[next_++].Out());
     if (fetched != nullptr) *fetched = given;
@@ -106,7 +108,8 @@ void StandInTexts::Read(const std::string& name, const DISPPARAMS& arguments, VA
     for (std::int32_t i = 1; i <= count; ++i) values.emplace_back(TaggedValue(Script().Item(std::size_t(i))));
     GiveEnumerator(std::move(values), result);
   } else if (name == "Count") {
-    VariantCopy(&result, ComValue(TaggedValue(count)).Out());
+    const std::int32_t told = theStandIn.listsWithoutEnd ? std::numeric_limits<std::int32_t>::max() : count;
+    VariantCopy(&result, ComValue(TaggedValue(told)).Out());
   } else {
     const auto position = std::get<std::int32_t>(ComValue::TaggedOf(arguments.rgvarg[0]));
     VariantCopy(&result, ComValue(TaggedValue(Script().Item(std::size_t(position)))).Out());

@@ -25,6 +25,7 @@ struct StandInState {
   bool closesWhileItTakesAListener = false;
   int busyFor = 0;               ///< as many calls of the office application itself are turned away
   bool listsByPosition = false;  ///< its lists have no enumerator
+  bool listsWithoutEnd = false;  ///< its lists, of elements and of kinds of listeners, begin anew for ever
 };
 extern StandInState theStandIn;
 

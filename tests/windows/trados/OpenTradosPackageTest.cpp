@@ -13,7 +13,7 @@
 #include "platform/win32/Win32Dde.h"
 #include "support/WorkflowTest.h"
 #include "ui/DDE.h"
-#include "windows/trados/InstalledWorkbench.h"
+#include "windows/trados/InstalledClass.h"
 #include "windows/trados/StandInProcess.h"
 #include "workflow/DocumentCommands.h"
 #include "workflow/OpenPackage.h"
@@ -92,7 +92,7 @@ class OpenTradosPackageTest : public WorkflowTest {
     return BoxesWith(L"hang " + item);
   }
 
-  InstalledWorkbench installed_;
+  InstalledClass installed_{L"TW4Win.Application", L"StandInWorkbench"};
   std::unique_ptr<StandInProcess> multiTerm_;
   std::unique_ptr<StandInProcess> workbench_;
 };

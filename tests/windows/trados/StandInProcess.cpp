@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "platform/Platform.h"
+
 namespace qb {
 namespace {
 
@@ -66,6 +68,12 @@ void StandInProcess::Kill() {
   if (!Runs()) return;
   TerminateProcess(process_, 1);
   WaitForSingleObject(process_, INFINITE);
+}
+
+std::string OpenedByTheWorkbench() {
+  const auto running = ThePlatform().automation->ActiveObject("TW4Win.Application");
+  return running == nullptr ? "none runs"
+                            : running->ObjectProperty("TranslationMemory")->TextProperty("Opened");
 }
 
 }  // namespace qb

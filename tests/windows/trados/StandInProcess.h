@@ -33,4 +33,8 @@ class StandInProcess {
 /// The full path of a program of this folder.
 std::wstring StandInPath(const std::wstring& program);
 
+/// What the running Workbench was told to open last, as "file|user|left out|mode"; "none runs" without one.
+/// Needs the automation of Windows in the platform.
+std::string OpenedByTheWorkbench();
+
 }  // namespace qb

@@ -2,15 +2,12 @@
 // identifier the registry tells, and the window class "TW4Win2Class". The argument "mute" keeps the running
 // object to itself; the system starts it with other arguments for a new one.
 
-#include <windows.h>
-// Behind it, since they do not stand alone.
-#include <ocidl.h>
-#include <oleauto.h>
+#include "windows/trados/StandInWorkbench.h"
 
 #include <string>
 
 #include "windows/trados/StandInEnd.h"
-#include "windows/trados/StandInWorkbench.h"
+#include "windows/trados/StandInNamedObject.h"
 
 namespace {
 
@@ -21,29 +18,7 @@ std::wstring TextOf(const VARIANT& value) {
   return value.vt == VT_BSTR ? value.bstrVal : L"no text";
 }
 
-/// An object whose members are found by name. It lives as long as the process.
-class Object : public IDispatch {
- public:
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** found) override {
-    const bool known = wanted == IID_IUnknown || wanted == IID_IDispatch;
-    *found = known ? this : nullptr;
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-  ULONG STDMETHODCALLTYPE Release() override { return 1; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
-    *count = 0;
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* numbers) override {
-    numbers[0] = DISPID_UNKNOWN;
-    return NumberOf(names[0], numbers[0]);
-  }
-  virtual HRESULT NumberOf(const wchar_t* member, DISPID& number) = 0;
-};
-
-class Memory : public Object {
+class Memory : public StandInNamedObject {
  public:
   HRESULT NumberOf(const wchar_t* member, DISPID& number) override {
     if (lstrcmpiW(member, L"Open") == 0) number = 1;
@@ -72,7 +47,7 @@ class Memory : public Object {
   }
 };
 
-class Application : public Object {
+class Application : public StandInNamedObject {
  public:
   HRESULT NumberOf(const wchar_t* member, DISPID& number) override {
     if (lstrcmpiW(member, L"Quit") == 0) number = 1;

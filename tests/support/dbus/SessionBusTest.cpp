@@ -44,10 +44,11 @@ std::string StandInMultiTerm::Program() {
   return QB_STAND_IN_MULTITERM;
 }
 
-StandInMultiTerm::StandInMultiTerm(const std::string& mode) {
+StandInMultiTerm::StandInMultiTerm(const std::string& mode, const std::string& item) {
   std::string program = Program();
-  std::string argument = mode;
-  char* arguments[] = {program.data(), argument.data(), nullptr};
+  std::string how = mode;
+  std::string when = item;
+  char* arguments[] = {program.data(), how.data(), when.data(), nullptr};
   GError* failed = nullptr;
   if (g_spawn_async(nullptr, arguments, nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr, &process_,
                     &failed) == FALSE) {

@@ -26,8 +26,8 @@ class OwnSessionBus {
 /// A terminology tool on the bus: a process of its own that ends with the object at the latest.
 class StandInMultiTerm {
  public:
-  /// `mode` says how it answers; returns when its name is on the bus.
-  explicit StandInMultiTerm(const std::string& mode);
+  /// `mode` says how it answers items that begin with `item`; returns when its name is on the bus.
+  explicit StandInMultiTerm(const std::string& mode, const std::string& item = "mt_open#");
   StandInMultiTerm(const StandInMultiTerm&) = delete;
   StandInMultiTerm& operator=(const StandInMultiTerm&) = delete;
   ~StandInMultiTerm();

@@ -1,7 +1,8 @@
 // A program that answers on the session bus as MultiTerm does over DDE: application "MT4WIN", topic
-// "mt_init". The argument says how it answers the request to open a file: good, hang, die, refuse, number,
-// huge. "wrong-title" gives its title as a number. The item "stand_in_items" gives all items so far, each
-// with a line end.
+// "mt_init". The first argument says how: good; and hang, die, refuse, garbage, huge when an item comes that
+// begins as the second argument does, or without one when it is to open a file. "number" gives numbers for
+// texts, "wrong-title" a number as its title. The item "stand_in_items" gives all items so far, each with a
+// line end.
 
 #include <gio/gio.h>
 #include <unistd.h>
@@ -30,6 +31,7 @@ constexpr const char* kNumberDescription = R"(<node>
 </node>)";
 
 std::string mode;
+std::string theItem = "mt_open#";
 std::string items;
 GMainLoop* loop = nullptr;
 
@@ -45,9 +47,10 @@ void Answer(GDBusMethodInvocation* call, const std::string& text) {
 void OnRequest(GDBusMethodInvocation* call, const std::string& item) {
   if (item == "stand_in_items") return Answer(call, items);
   items += item + "\r\n";
-  if (item.rfind("mt_open#", 0) != 0) return Answer(call, "mt_ok");
+  if (item.rfind(theItem, 0) != 0) return Answer(call, "mt_ok");
   if (mode == "hang") pause();
   if (mode == "die") _exit(3);
+  if (mode == "garbage") return Answer(call, "\x01\x7F\r\n\t\u00A0\uFFFD");
   if (mode == "huge") return Answer(call, std::string(10'000'000, 'x'));
   if (mode == "refuse") {
     return g_dbus_method_invocation_return_dbus_error(call, "Quillbank.Dde.Error.NoSuchItem", "No such item");
@@ -80,6 +83,7 @@ void Offer(GDBusConnection* bus, const char* path, GDBusInterfaceInfo* interface
 
 int main(int argc, char** argv) {
   mode = argc > 1 ? argv[1] : "good";
+  if (argc > 2) theItem = argv[2];
   GDBusConnection* const bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
   if (bus == nullptr) return 1;
   GDBusNodeInfo* const node =

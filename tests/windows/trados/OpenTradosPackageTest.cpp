@@ -139,6 +139,10 @@ TEST_F(OpenTradosPackageTest, MultiTermThatIsNeverReady_IsGivenUpAfterTwentySeco
   EXPECT_THAT(BoxesOfHanging(L"mt_getfilename#"), ElementsAre(HasSubstr(kNotLoaded)));
 }
 
+TEST_F(OpenTradosPackageTest, MultiTermThatDiesWhenItIsToBeReady_IsGivenUpAfterTwentySeconds) {
+  EXPECT_THAT(BoxesWith(L"die mt_getfilename#"), ElementsAre(HasSubstr(kNotLoaded)));
+}
+
 TEST_F(OpenTradosPackageTest, MultiTermThatDiesInARequest_IsReported) {
   for (const std::wstring item : {L"mt_hide", L"mt_hitlist_off", L"mt_open#"}) {
     Boxes().Forget();

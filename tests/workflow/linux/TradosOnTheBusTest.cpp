@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "editors/EditorQuestions.h"
+#include "foundation/EventLoop.h"
 #include "platform/HostPlatform.h"
 #include "platform/linux/LinuxApplicationWindows.h"
 #include "platform/linux/LinuxDde.h"
@@ -17,6 +19,7 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 constexpr std::string_view kPackage = R"(\pkg\Trans.pxf)";
+constexpr std::string_view kNotLoaded = "Could not load terminology ''.";
 constexpr std::string_view kNoWorkbench = "Could not launch TRADOS Translator's Workbench.";
 
 /// A TRADOS package is opened beside a terminology tool that is a process of its own.
@@ -48,12 +51,20 @@ class TradosOnTheBusTest : public WorkflowTest {
     texts.pop_back();
     return texts;
   }
-  void OpenBeside(const std::string& mode) {
-    const StandInMultiTerm multiTerm(mode);
-    Start(kPackage);
+  void OpenBeside(const std::string& mode, const std::string& item = "mt_open#") {
+    const StandInMultiTerm multiTerm(mode, item);
+    Start();
+    gProcessPendingEvents = [this] { TheClock().Advance(11); };  // time passes while it waits
+    QbtOpen(kPackage);
     EXPECT_EQ(gLoios->Count(), 2U);
     EXPECT_TRUE(Window().mnuMark.Enabled);
     EXPECT_THAT(TheShell().started, IsEmpty());
+  }
+
+  /// The program ends, and can be started again.
+  static void BeginAnew() {
+    ResetProgramState();
+    gEditorQuestions.bringsUpTradosTools = true;
   }
 
   OwnSessionBus bus_;
@@ -73,9 +84,27 @@ TEST_F(TradosOnTheBusTest, ToolThatHangs_IsReportedInTime) {
   EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("#286: Timeout while waiting for DDE response")));
 }
 
-TEST_F(TradosOnTheBusTest, ToolThatDies_IsReported) {
-  OpenBeside("die");
-  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("#291: Foreign application quit")));
+TEST_F(TradosOnTheBusTest, ToolThatIsNeverReady_IsGivenUpAfterTwentySeconds) {
+  for (const std::string mode : {"hang", "die", "refuse"}) {
+    Boxes().Forget();
+    OpenBeside(mode, "mt_getfilename#");
+    EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr(kNotLoaded))) << mode;
+    BeginAnew();
+  }
+}
+
+TEST_F(TradosOnTheBusTest, ToolThatDiesInARequest_IsReported) {
+  for (const std::string item : {"", "mt_hide", "mt_hitlist_off", "mt_open#"}) {
+    Boxes().Forget();
+    OpenBeside("die", item);
+    EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("#291: Foreign application quit"))) << item;
+    BeginAnew();
+  }
+}
+
+TEST_F(TradosOnTheBusTest, ToolThatAnswersGarbage_HasNotLoadedTheTerminology) {
+  OpenBeside("garbage");
+  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr(kNotLoaded)));
 }
 
 TEST_F(TradosOnTheBusTest, ToolThatRefuses_IsReportedWithItsWords) {
@@ -90,7 +119,7 @@ TEST_F(TradosOnTheBusTest, ToolThatAnswersNumbers_IsReported) {
 
 TEST_F(TradosOnTheBusTest, ToolThatAnswersTenMegabytes_HasNotLoadedTheTerminology) {
   OpenBeside("huge");
-  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr("Could not load terminology ''.")));
+  EXPECT_THAT(BoxesOfMultiTerm(), ElementsAre(HasSubstr(kNotLoaded)));
 }
 
 TEST_F(TradosOnTheBusTest, ToolThatTheProgramStarts_IsClosedByItAtTheEnd) {

@@ -6,6 +6,7 @@
 #include <com/sun/star/document/XFilter.hpp>
 #include <com/sun/star/io/SequenceOutputStream.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
 #include <com/sun/star/xml/sax/Writer.hpp>
 
 #include "apps/office/Failure.h"
@@ -48,8 +49,12 @@ std::string TextForLinks(const Reference<uno::XComponentContext>& context,
           ToUno(ExporterOf(kind)), uno::Sequence<Any>(arguments.data(), arguments.size()), context);
   Reference<star::document::XExporter>(exporter, UNO_QUERY_THROW)
       ->setSourceDocument(Reference<star::lang::XComponent>(model, UNO_QUERY_THROW));
+  const Reference<star::util::XModifiable> document(model, UNO_QUERY_THROW);
+  const bool wasModified = document->isModified();
   const bool written = Reference<star::document::XFilter>(exporter, UNO_QUERY_THROW)
                            ->filter(ToArguments({Named("FileName", Any(FileUrl(base)))}));
+  // A presentation counts as changed by that, and would ask to be saved again.
+  if (!wasModified) document->setModified(false);
   if (!written) throw Failure("office", "The links cannot be read");
   const uno::Sequence<sal_Int8> bytes = text->getWrittenBytes();
   return {reinterpret_cast<const char*>(bytes.getConstArray()), static_cast<std::size_t>(bytes.getLength())};

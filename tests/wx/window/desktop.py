@@ -187,8 +187,13 @@ class Application:
         wait_until(lambda: self.box() is None, "end of the box")
 
     def answer(self, button):
-        self.get("push button", button, self.box).queryAction().doAction(0)
+        """Answers the box that is up, the last one."""
+        self.press(button)
         self.wait_for_no_box()
+
+    def press(self, button):
+        """Answers the box that is up; another one may follow."""
+        self.get("push button", button, self.box).queryAction().doAction(0)
 
     def wait_for_end(self):
         """Waits until the program has ended and returns its exit code."""

@@ -1,11 +1,17 @@
 """Documents of a package in the real office: its windows, and what their user does there."""
 
+import json
 import os
+import pathlib
+import re
 import signal
 import subprocess
+import tempfile
 
 import desktop
+import odf
 
+USER = os.environ.get("QB_OFFICE_USER", "")
 # Only in the session of the test: processes are found, and killed, by this folder.
 PROFILES = os.path.join(os.environ["XDG_CACHE_HOME"], "quillbank-translator")
 if not PROFILES.startswith("/tmp/"):
@@ -31,25 +37,32 @@ def place_of(window):
 class Pair:
     """Source and translation of one document on the screen."""
 
-    def __init__(self, name, deadline=None):
-        self.name = name
+    def __init__(self, name, source=None, deadline=None):
+        """A source of the same name is told by its title, since it cannot be written."""
+        self.name, self.source_name = name, source or name
         desktop.wait_until(self.find, f"windows of {name}", deadline)
 
     def find(self):
-        windows = {title_of(window): window for window in windows_of(self.name)}
-        sources = [windows[title] for title in windows if "(read-only)" in title]
-        translations = [windows[title] for title in windows if "(read-only)" not in title]
+        windows = {window: title_of(window) for window in windows_of(self.name) + windows_of(self.source_name)}
+        sources = [window for window in windows if self.is_source(windows[window])]
+        translations = [window for window in windows if window not in sources]
         if len(sources) != 1 or len(translations) != 1:
             return False
         self.source, self.translation = sources[0], translations[0]
         return True
 
+    def is_source(self, title):
+        return "(read-only)" in title if self.source_name == self.name else title.startswith(self.source_name)
+
     def are_side_by_side(self):
         x, _, width, _ = place_of(self.source)
         return width > 300 and x + width <= place_of(self.translation)[0] + 20
 
-    def write(self, text):
+    def activate(self):
         desktop.run("xdotool", "windowactivate", "--sync", self.translation)
+
+    def write(self, text):
+        self.activate()
         desktop.run("xdotool", "type", "--clearmodifiers", text)
 
     def save(self):
@@ -61,7 +74,8 @@ class Pair:
         desktop.keys("alt+F4")
 
     def wait_until_gone(self):
-        desktop.wait_until(lambda: not windows_of(self.name), f"end of the windows of {self.name}")
+        desktop.wait_until(lambda: not windows_of(self.name) + windows_of(self.source_name),
+                           f"end of the windows of {self.name}")
 
 
 def processes():
@@ -70,13 +84,18 @@ def processes():
     return [int(number) for number in found if int(number) != os.getpid()]
 
 
-def kill_office():
-    """Kills the office, not its helper, as a crash would."""
+def office_process():
+    """The process of the office; None if none runs."""
     found = subprocess.run(["pgrep", "-f", "--", f"soffice.bin.*{PROFILES}"], capture_output=True, text=True)
     numbers = [int(number) for number in found.stdout.split() if int(number) > 1]
-    assert numbers, "no office runs"
-    for number in numbers:
-        os.kill(number, signal.SIGKILL)
+    return numbers[0] if numbers else None
+
+
+def kill_office():
+    """Kills the office, not its helper, as a crash would."""
+    number = office_process()
+    assert number, "no office runs"
+    os.kill(number, signal.SIGKILL)
 
 
 def end_all():
@@ -87,3 +106,50 @@ def end_all():
                 os.kill(number, signal.SIGKILL)
             except ProcessLookupError:
                 pass
+
+
+class User:
+    """What a user does in the running office, over a line of the office's own. Documents are told by their paths."""
+
+    def __init__(self):
+        line = pathlib.Path(f"/proc/{office_process()}/cmdline").read_text().replace("\0", " ")
+        pipe = re.search(r"pipe,name=([^;]+);", line)[1]
+        self.process = subprocess.Popen([USER, pipe], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+
+    def end(self):
+        self.process.stdin.close()
+        self.process.stdout.close()
+        self.process.wait()
+
+    def ask(self, what, path, **more):
+        print(json.dumps({"do": what, "path": str(path), **more}), file=self.process.stdin, flush=True)
+        answer = json.loads(self.process.stdout.readline())
+        assert "error" not in answer, f"{what} {path}: {answer['error']}"
+        return answer["result"]
+
+    def write(self, path, text):
+        self.ask("write", path, text=text)
+
+    def save(self, path):
+        """As by the menu: the office tells of it as it does when its user saves."""
+        self.ask("command", path, command=".uno:Save")
+
+    def title(self, path):
+        return self.ask("title", path)
+
+    def set_title(self, path, title):
+        self.ask("setTitle", path, title=title)
+
+    def insert_link(self, path, address):
+        """Puts a link at the end of a text."""
+        self.ask("insertLink", path, address=address)
+
+    def insert_many_links(self, path, addresses):
+        """The same for very many, which the office reads out of a file."""
+        with tempfile.NamedTemporaryFile(suffix=".odt") as file:
+            odf.write_links(file.name, addresses)
+            self.ask("insertFile", path, file=file.name)
+
+    def insert_slide_link(self, path, slide, address):
+        """Puts a link into the first shape of a slide, the first of which is 0."""
+        self.ask("insertSlideLink", path, slide=slide, address=address)

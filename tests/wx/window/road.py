@@ -86,3 +86,16 @@ def package_value(package, key, technical_name):
 
 def wait_for_progress(package, document, state):
     desktop.wait_until(lambda: package_value(package, "PROGRESS", document) == state, f"state {state} in the package")
+
+
+def list_of(package, document, key):
+    """The values of the list, links or properties, that a key of the document names. Empty if there is none."""
+    section = package_value(package, key, document)
+    values, here = {}, False
+    for line in package.read_text("cp1252").splitlines():
+        if line.startswith("["):
+            here = line == f"[{section}]"
+        elif here:
+            name, _, text = line.partition("=")
+            values[name] = text
+    return [values[f"{number}VALUE"] for number in range(1, int(values.get("COUNT", "0")) + 1)]

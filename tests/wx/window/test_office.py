@@ -2,53 +2,15 @@
 
 import unittest
 
-import pyatspi
-
 import desktop
 import office
-import road
-from case import WindowCase
-
-WORD = "AQ40_INBETRIEBNAHME"
-WORD_FILE = "inbetriebnahme.doc"
-SLIDES = "AQ_SCHULUNG"
-SLIDES_FILE = "schulung.ppt"
-PAGE = "AQ_UEBERSICHT"
-PAGE_FILE = "uebersicht.html"
-CHANGED = "MODIFIED_C_UNCHANGED_T"
+from office_case import CHANGED, PAGE, PAGE_FILE, SLIDES, SLIDES_FILE, WORD, WORD_FILE, OfficeCase
 
 
-class OfficeTest(WindowCase):
+class OfficeTest(OfficeCase):
     def setUp(self):
         super().setUp()
-        self.addCleanup(office.end_all)
         self.start_with_sample()
-
-    def translate(self, document, name):
-        # Windows of the office that are only just coming put themselves in front.
-        desktop.wait_until(lambda: self.select(document), f"selection of {document}")
-        desktop.keys("ctrl+t")
-        return office.Pair(name)
-
-    def select(self, document):
-        self.program.focus_window()
-        self.program.click(document)
-        return desktop.has(self.program.cell(document), pyatspi.STATE_SELECTED)
-
-    def progress(self, state, document=WORD):
-        road.wait_for_progress(self.package, document, state)
-
-    def links(self, document=WORD):
-        """The addresses that the package holds for the document's translation."""
-        section = self.package_value("1ADDSECTION", document)
-        values, here = {}, False
-        for line in self.package.read_text("cp1252").splitlines():
-            if line.startswith("["):
-                here = line == f"[{section}]"
-            elif here:
-                name, _, text = line.partition("=")
-                values[name] = text
-        return [values[f"{number}VALUE"] for number in range(1, int(values.get("COUNT", "0")) + 1)]
 
     def test_document_is_edited_beside_its_source_saved_and_closed(self):
         before = self.package_value("PROGRESS", WORD)

@@ -1,6 +1,9 @@
+#include <signal.h>
+
 #include <com/sun/star/beans/PropertyAttribute.hpp>
 #include <com/sun/star/beans/XPropertyContainer.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/document/XDocumentEventBroadcaster.hpp>
 #include <com/sun/star/document/XDocumentInsertable.hpp>
 #include <com/sun/star/document/XDocumentPropertiesSupplier.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
@@ -8,6 +11,7 @@
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
+#include <cppuhelper/implbase1.hxx>
 #include <exception>
 #include <functional>
 #include <iostream>
@@ -87,6 +91,25 @@ void InsertSlideLink(const Model& model, sal_Int32 slide, const std::string& add
   text->insertTextContent(text->getEnd(), field, false);
 }
 
+/// Kills the office when a save begins, before anything is written: it waits for its listeners.
+class KillAtSave : public cppu::WeakImplHelper1<star::document::XDocumentEventListener> {
+ public:
+  explicit KillAtSave(pid_t office) : office_(office) {}
+  void SAL_CALL documentEventOccured(const star::document::DocumentEvent& event) override {
+    if (event.EventName == "OnSave") kill(office_, SIGKILL);
+  }
+  void SAL_CALL disposing(const star::lang::EventObject& /*source*/) override {}
+
+ private:
+  pid_t office_;
+};
+
+void ListenForSave(const Model& model, pid_t office) {
+  if (office <= 1) throw std::runtime_error("That is no office's process");
+  Reference<star::document::XDocumentEventBroadcaster>(model, UNO_QUERY_THROW)
+      ->addDocumentEventListener(new KillAtSave(office));
+}
+
 class Commands {
  public:
   explicit Commands(const std::string& pipe) : user_(pipe) {
@@ -119,8 +142,8 @@ class Commands {
       InsertSlideLink(model, wish.at("slide"), wish.at("address"));
       return json();
     });
-    AddOnModel("store", [](const Model& model, const json&) {
-      Reference<star::frame::XStorable>(model, UNO_QUERY_THROW)->store();
+    AddOnModel("killAtSave", [](const Model& model, const json& wish) {
+      ListenForSave(model, wish.at("process"));
       return json();
     });
   }

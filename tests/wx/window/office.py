@@ -28,10 +28,9 @@ def title_of(window):
 
 
 def place_of(window):
-    """x, y, width and height of a window on the screen."""
-    lines = desktop.run("xdotool", "getwindowgeometry", "--shell", window).splitlines()
-    values = dict(line.split("=") for line in lines)
-    return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+    """x, y, width and height of a window on the screen, without its frame."""
+    values = dict(line.strip().rsplit(":", 1) for line in desktop.run("xwininfo", "-id", window).splitlines() if ":" in line)
+    return tuple(int(values[name]) for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
 
 class Pair:
@@ -73,6 +72,12 @@ class Pair:
         desktop.run("xdotool", "windowactivate", "--sync", window)
         desktop.keys("alt+F4")
 
+    def close_by_button(self, window):
+        """By a click on the button in its frame."""
+        x, y, width, _ = place_of(window)
+        desktop.run("xdotool", "windowactivate", "--sync", window)
+        desktop.run("xdotool", "mousemove", str(x + width - 10), str(y - 10), "click", "1")
+
     def wait_until_gone(self):
         desktop.wait_until(lambda: not windows_of(self.name) + windows_of(self.source_name),
                            f"end of the windows of {self.name}")
@@ -93,9 +98,23 @@ def office_process():
 
 def kill_office():
     """Kills the office, not its helper, as a crash would."""
-    number = office_process()
-    assert number, "no office runs"
-    os.kill(number, signal.SIGKILL)
+    send_to_office(signal.SIGKILL)
+
+
+def hold_office():
+    """Lets the office stand still, as on a slow machine, until `release_office`. Waits until there is one."""
+    desktop.wait_until(office_process, "process of the office")
+    send_to_office(signal.SIGSTOP)
+
+
+def release_office():
+    send_to_office(signal.SIGCONT)
+
+
+def send_to_office(number):
+    process = office_process()
+    assert process, "no office runs"
+    os.kill(process, number)
 
 
 def end_all():
@@ -134,8 +153,12 @@ class User:
         """As by the menu: the office tells of it as it does when its user saves."""
         self.ask("command", path, command=".uno:Save")
 
-    def title(self, path):
-        return self.ask("title", path)
+    def is_read_only(self, path):
+        return self.ask("isReadOnly", path)
+
+    def kill_office_at_save(self, path):
+        """Kills the office as soon as it begins to save the document."""
+        self.ask("killAtSave", path, process=office_process())
 
     def set_title(self, path, title):
         self.ask("setTitle", path, title=title)

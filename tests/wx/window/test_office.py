@@ -63,27 +63,6 @@ class OfficeTest(OfficeCase):
         self.progress(CHANGED)
         desktop.wait_until(lambda: not office.processes(), "end of the office")
 
-    def test_close_of_the_source_closes_its_translation(self):
-        before = self.package_value("PROGRESS", WORD)
-        pair = self.translate(WORD, WORD_FILE)
-        desktop.wait_until(pair.are_side_by_side, "windows side by side")
-        pair.close(pair.source)
-        pair.wait_until_gone()
-        self.progress(before)
-
-    def test_document_comes_back_from_an_office_that_dies_and_goes_out_again(self):
-        before = self.package_value("PROGRESS", WORD)
-        pair = self.translate(WORD, WORD_FILE)
-        desktop.wait_until(pair.are_side_by_side, "windows side by side")
-        # The program takes notice of its user again when the opening is over.
-        desktop.wait_until(lambda: self.select(SLIDES), f"selection of {SLIDES}")
-        office.kill_office()
-        self.progress(before)
-        pair = self.translate(WORD, WORD_FILE)
-        pair.close(pair.translation)
-        pair.wait_until_gone()
-        self.progress(before)
-
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

@@ -3,8 +3,7 @@
 import unittest
 
 import desktop
-import office
-from office_case import CHANGED, PAGE, PAGE_FILE, SLIDES, SLIDES_FILE, WORD, WORD_FILE, OfficeCase
+from office_case import CHANGED, PAGE, PAGE_FILE, WORD, WORD_FILE, OfficeCase
 
 
 class OfficeTest(OfficeCase):
@@ -48,20 +47,6 @@ class OfficeTest(OfficeCase):
         pair.wait_until_gone()
         self.progress(CHANGED)
         self.assertTrue(self.links())
-
-    def test_three_documents_are_out_until_the_program_ends(self):
-        names = {WORD: WORD_FILE, SLIDES: SLIDES_FILE, PAGE: PAGE_FILE}
-        pairs = [self.translate(document, name) for document, name in names.items()]
-        pairs[0].write("Kept at the end ")
-        self.program.focus_window()
-        desktop.keys("ctrl+q")
-        self.program.wait_for_box("Do you really want to quit")
-        self.program.answer("Yes")
-        self.assertEqual(self.program.wait_for_end(), 0)
-        for pair in pairs:
-            pair.wait_until_gone()
-        self.progress(CHANGED)
-        desktop.wait_until(lambda: not office.processes(), "end of the office")
 
 
 if __name__ == "__main__":

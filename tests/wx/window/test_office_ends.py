@@ -93,7 +93,13 @@ class EndsTest(OfficeCase):
         self.refused()
         self.opens_again()
 
-    def test_office_that_dies_at_an_opening_leaves_the_document_as_it_was(self):
+    def test_office_that_dies_with_a_document_or_at_its_opening_leaves_it_as_it_was(self):
+        pair = self.open_word()
+        # The program takes notice of its user again when the opening is over.
+        desktop.wait_until(lambda: self.select(SLIDES), f"selection of {SLIDES}")
+        office.kill_office()
+        pair.wait_until_gone()
+        self.progress(self.before)
         self.opens_again()
         office.hold_office()
         self.select(WORD)

@@ -5,7 +5,6 @@ import unittest
 import desktop
 import odf
 import office
-import road
 from office_case import CHANGED, SLIDES, SLIDES_FILE, WORD, WORD_FILE, OfficeCase
 
 HELP_PAGE = "AQ_STOERUNGEN"

@@ -2,9 +2,18 @@
 
 #include <wx/event.h>
 #include <wx/evtloop.h>
+#include <wx/utils.h>
+
+#include <chrono>
 
 namespace qb {
 namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+/// A screen reader asks hundreds of questions in a row, each when it has the answer to the one before.
+constexpr std::chrono::milliseconds kLongest{50};
+constexpr unsigned long kPauseMilliseconds = 1;  // the next question comes sooner
 
 bool keptAlive = false;
 
@@ -31,7 +40,11 @@ void DrawWithoutInput() {
   const Filter filter;
   const bool before = keptAlive;
   keptAlive = true;
-  loop->YieldFor(wxEVT_CATEGORY_UI);
+  const auto start = SteadyClock::now();
+  do {
+    loop->YieldFor(wxEVT_CATEGORY_UI);
+    wxMilliSleep(kPauseMilliseconds);
+  } while (loop->Pending() && SteadyClock::now() - start < kLongest);
   keptAlive = before;
 }
 

@@ -23,7 +23,8 @@
 #include "apps/office/UnoText.h"
 #include "office/OfficeUser.h"
 
-// office_user <pipe>: does in a running office what its user does, over a line of its own. Reads lines of JSON,
+// office_user <pipe>: does in a running office what its user does, over a line of its own. Reads lines of
+// JSON,
 // {"do": "...", "path": "..."} and more, and answers each with a line: {"result": ...} or {"error": "..."}.
 namespace qb::office {
 namespace {

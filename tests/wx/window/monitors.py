@@ -30,6 +30,7 @@ def move_monitor(x, y, width, height):
     display = xlib.XOpenDisplay(None)
     root = xlib.XDefaultRootWindow(display)
     outputs = randr.XRRGetScreenResources(display, root).contents.outputs
-    name = xlib.XInternAtom(display, f"{width}x{height}+{x}+{y}".encode(), 0)  # one of another name gives its output away
+    # One of another name gives its output away.
+    name = xlib.XInternAtom(display, f"{width}x{height}+{x}+{y}".encode(), 0)
     randr.XRRSetMonitor(display, root, Monitor(name, 0, 0, 1, x, y, width, height, 200, 250, outputs))
     xlib.XCloseDisplay(display)

@@ -29,7 +29,8 @@ def title_of(window):
 
 def place_of(window):
     """x, y, width and height of a window on the screen, without its frame."""
-    values = dict(line.strip().rsplit(":", 1) for line in desktop.run("xwininfo", "-id", window).splitlines() if ":" in line)
+    lines = desktop.run("xwininfo", "-id", window).splitlines()
+    values = dict(line.strip().rsplit(":", 1) for line in lines if ":" in line)
     return tuple(int(values[name]) for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
 
@@ -73,9 +74,10 @@ class Pair:
         desktop.keys("alt+F4")
 
     def close_by_button(self, window):
-        """By a click on the button in its frame."""
-        x, y, width, _ = place_of(window)
+        """By a click on the button in its frame, which the plainest look of the office may have put out of sight."""
         desktop.run("xdotool", "windowactivate", "--sync", window)
+        desktop.run("xdotool", "windowmove", window, "100", "100")
+        x, y, width, _ = desktop.wait_until(lambda: place_of(window)[1] > 50 and place_of(window), "moved window")
         desktop.run("xdotool", "mousemove", str(x + width - 10), str(y - 10), "click", "1")
 
     def wait_until_gone(self):

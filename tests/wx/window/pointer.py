@@ -17,7 +17,8 @@ def shape():
     fixes.XFixesGetCursorImage.restype = ctypes.POINTER(Image)
     display = xlib.XOpenDisplay(None)
     image = fixes.XFixesGetCursorImage(display)
-    found = image.contents.width, image.contents.height, image.contents.pixels[:image.contents.width * image.contents.height]
+    width, height = image.contents.width, image.contents.height
+    found = width, height, image.contents.pixels[:width * height]
     xlib.XFree(image)
     xlib.XCloseDisplay(display)
     return found

@@ -35,6 +35,7 @@ class OfficeUser {
   /// Runs anything on the office's main thread.
   void Do(const std::function<void()>& work) { line_.Run(work, std::chrono::seconds(30)); }
   Reference<com::sun::star::frame::XDesktop2> Desktop() const { return line_.Desktop(); }
+  Reference<uno::XComponentContext> Context() const { return line_.Context(); }
   Reference<com::sun::star::frame::XModel> Model(const std::string& path) const;
 
  private:

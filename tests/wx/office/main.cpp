@@ -8,6 +8,7 @@
 #include <com/sun/star/document/XDocumentPropertiesSupplier.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/frame/theGlobalEventBroadcaster.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
@@ -92,24 +93,22 @@ void InsertSlideLink(const Model& model, sal_Int32 slide, const std::string& add
   text->insertTextContent(text->getEnd(), field, false);
 }
 
-/// Kills the office when a save begins, before anything is written: it waits for its listeners.
-class KillAtSave : public cppu::WeakImplHelper1<star::document::XDocumentEventListener> {
+/// Kills the office when something happens with a document, in the middle of it: the office waits for who
+/// hears of it.
+class KillAtEvent : public cppu::WeakImplHelper1<star::document::XDocumentEventListener> {
  public:
-  explicit KillAtSave(pid_t office) : office_(office) {}
+  KillAtEvent(OUString event, pid_t office) : event_(std::move(event)), office_(office) {
+    if (office <= 1) throw std::runtime_error("That is no office's process");
+  }
   void SAL_CALL documentEventOccured(const star::document::DocumentEvent& event) override {
-    if (event.EventName == "OnSave") kill(office_, SIGKILL);
+    if (event.EventName == event_) kill(office_, SIGKILL);
   }
   void SAL_CALL disposing(const star::lang::EventObject& /*source*/) override {}
 
  private:
+  OUString event_;
   pid_t office_;
 };
-
-void ListenForSave(const Model& model, pid_t office) {
-  if (office <= 1) throw std::runtime_error("That is no office's process");
-  Reference<star::document::XDocumentEventBroadcaster>(model, UNO_QUERY_THROW)
-      ->addDocumentEventListener(new KillAtSave(office));
-}
 
 class Commands {
  public:
@@ -120,6 +119,14 @@ class Commands {
     });
     Add("command", [this](const json& wish) {
       user_.Command(wish.at("path"), wish.at("command"));
+      return json();
+    });
+    Add("killAt", [this](const json& wish) {
+      const Reference<star::document::XDocumentEventListener> listener(
+          new KillAtEvent(ToUno(wish.at("event").get<std::string>()), wish.at("process")));
+      user_.Do([&] {
+        star::frame::theGlobalEventBroadcaster::get(user_.Context())->addDocumentEventListener(listener);
+      });
       return json();
     });
     Add("isModified", [this](const json& wish) { return json(user_.IsModified(wish.at("path"))); });
@@ -141,10 +148,6 @@ class Commands {
     });
     AddOnModel("insertSlideLink", [](const Model& model, const json& wish) {
       InsertSlideLink(model, wish.at("slide"), wish.at("address"));
-      return json();
-    });
-    AddOnModel("killAtSave", [](const Model& model, const json& wish) {
-      ListenForSave(model, wish.at("process"));
       return json();
     });
   }

@@ -1,5 +1,6 @@
 """Documents of a package in the real office: its windows, and what their user does there."""
 
+import contextlib
 import json
 import os
 import pathlib
@@ -7,6 +8,7 @@ import re
 import signal
 import subprocess
 import tempfile
+import threading
 
 import desktop
 import odf
@@ -109,6 +111,17 @@ def hold_office():
     send_to_office(signal.SIGSTOP)
 
 
+@contextlib.contextmanager
+def held_from_the_start():
+    """Lets the office that is started inside stand still before it can do anything."""
+    watch = threading.Thread(target=hold_office)
+    watch.start()
+    try:
+        yield
+    finally:
+        watch.join()
+
+
 def release_office():
     send_to_office(signal.SIGCONT)
 
@@ -158,9 +171,9 @@ class User:
     def is_read_only(self, path):
         return self.ask("isReadOnly", path)
 
-    def kill_office_at_save(self, path):
-        """Kills the office as soon as it begins to save the document."""
-        self.ask("killAtSave", path, process=office_process())
+    def kill_office_at(self, event):
+        """Kills the office in the middle of something, as OnLoad or OnSave, with whichever document it happens."""
+        self.ask("killAt", "", event=event, process=office_process())
 
     def set_title(self, path, title):
         self.ask("setTitle", path, title=title)

@@ -32,10 +32,9 @@ class OfficeCase(WindowCase):
         self.program.click(document)
         return desktop.has(self.program.cell(document), pyatspi.STATE_SELECTED)
 
-    def wait_for_word(self):
-        """Until the status line tells that the office is waited for: at its start, or for an answer."""
-        desktop.wait_until(lambda: self.program.status() in ("Starting LibreOffice...", "Waiting for LibreOffice..."),
-                           "word of the wait")
+    def wait_for_word(self, word):
+        """Until the status line tells that the office is waited for."""
+        desktop.wait_until(lambda: self.program.status() == word, word)
 
     def progress(self, state, document=WORD):
         road.wait_for_progress(self.package, document, state)

@@ -10,9 +10,8 @@ SOURCE = "src/inbetriebnahme/" + WORD_FILE
 TRANSLATION = "dst/inbetriebnahme/" + WORD_FILE
 
 
-class EndsTest(OfficeCase):
-    def setUp(self):
-        super().setUp()
+class EndCase(OfficeCase):
+    def begin(self):
         self.start_with_sample()
         self.before = self.package_value("PROGRESS", WORD)
 
@@ -27,6 +26,17 @@ class EndsTest(OfficeCase):
         pair.close(pair.translation)
         pair.wait_until_gone()
         self.progress(self.before)
+
+    def refused(self):
+        self.program.wait_for_box("Source document or translation document does not exist")
+        self.program.answer("OK")
+        self.progress(self.before)
+
+
+class EndsTest(EndCase):
+    def setUp(self):
+        super().setUp()
+        self.begin()
 
     def holds(self, path, words):
         """Whether a document's file has the words, in whichever encoding."""
@@ -84,16 +94,7 @@ class EndsTest(OfficeCase):
         self.progress("MODIFIED", PAGE)
         desktop.wait_until(lambda: not office.processes(), "end of the office")
 
-    def test_office_that_dies_while_it_starts_leaves_the_document_as_it_was(self):
-        office.hold_office()
-        self.select(WORD)
-        desktop.keys("ctrl+t")
-        self.wait_for_word()
-        office.kill_office()
-        self.refused()
-        self.opens_again()
-
-    def test_office_that_dies_with_a_document_or_at_its_opening_leaves_it_as_it_was(self):
+    def test_office_that_dies_with_a_document_gives_it_back(self):
         pair = self.open_word()
         # The program takes notice of its user again when the opening is over.
         desktop.wait_until(lambda: self.select(SLIDES), f"selection of {SLIDES}")
@@ -101,24 +102,32 @@ class EndsTest(OfficeCase):
         pair.wait_until_gone()
         self.progress(self.before)
         self.opens_again()
+
+    def test_office_that_dies_before_it_takes_up_an_opening_is_replaced(self):
+        self.opens_again()
         office.hold_office()
         self.select(WORD)
         desktop.keys("ctrl+t")
-        self.wait_for_word()
+        self.wait_for_word("Waiting for LibreOffice...")
         office.kill_office()
+        pair = office.Pair(WORD_FILE)
+        pair.close(pair.translation)
+        pair.wait_until_gone()
+        self.progress(self.before)
+
+    def test_office_that_dies_at_an_opening_leaves_the_document_as_it_was(self):
+        self.opens_again()
+        self.user().kill_office_at("OnLoad")
+        self.select(WORD)
+        desktop.keys("ctrl+t")
         self.refused()
         self.opens_again()
-
-    def refused(self):
-        self.program.wait_for_box("Source document or translation document does not exist")
-        self.program.answer("OK")
-        self.progress(self.before)
 
     def test_office_that_dies_at_a_save_or_under_a_question_gives_the_document_back(self):
         translation = self.file(TRANSLATION).read_bytes()
         pair = self.open_word()
         user = self.user()
-        user.kill_office_at_save(self.file(TRANSLATION))
+        user.kill_office_at("OnSave")
         pair.write("Never saved ")
         pair.save()
         pair.wait_until_gone()
@@ -132,6 +141,18 @@ class EndsTest(OfficeCase):
         pair.wait_until_gone()
         self.progress(self.before)
         self.assertEqual(self.file(TRANSLATION).read_bytes(), translation)
+        self.opens_again()
+
+
+class StartTest(EndCase):
+    def test_office_that_dies_while_it_starts_leaves_the_document_as_it_was(self):
+        with office.held_from_the_start():
+            self.begin()
+        self.select(WORD)
+        desktop.keys("ctrl+t")
+        self.wait_for_word("Starting LibreOffice...")
+        office.kill_office()
+        self.refused()
         self.opens_again()
 
 

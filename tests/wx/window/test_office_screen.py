@@ -13,13 +13,13 @@ FRAME = 30  # pixels
 
 class WaitTest(OfficeCase):
     def test_window_lives_and_tells_while_the_office_starts(self):
-        self.start_with_sample()
-        office.hold_office()
+        with office.held_from_the_start():
+            self.start_with_sample()
         self.select(WORD)
         before = self.program.status()
         arrow = pointer.shape()
         desktop.keys("ctrl+t")
-        self.wait_for_word()
+        self.wait_for_word("Starting LibreOffice...")
         desktop.wait_until(lambda: pointer.shape() != arrow, "hourglass")
         window = self.program.focus_window()
         shown = desktop.wait_until(lambda: self.picture(window, "office-starting"), "picture of the window")

@@ -54,6 +54,17 @@ TEST_F(SaveTest, theSourceCannotBeStoredOver) {
   EXPECT_EQ(Helper().WaitForEvent("closed").value("document", 0), document);
 }
 
+TEST_F(SaveTest, aDocumentIsNotLoadedAnewInItsWindow) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const int document = Open(path);
+  for (const char* command : {".uno:Reload", ".uno:EditDoc"}) {
+    User().Command(path, command);
+    User().Write(path, "More");
+    User().Command(path, ".uno:Save");
+    EXPECT_EQ(WaitForSaved(), document) << command;
+  }
+}
+
 TEST_F(SaveTest, aCopyIsNoSave) {
   const std::string path = Sample("wartung/wartung.doc");
   const int document = Open(path);

@@ -101,6 +101,13 @@ TEST(ProfileSettingsTest, keepsWhatTheUserHasSetOtherwise) {
   EXPECT_EQ(WithSettings(result), result);
 }
 
+TEST(ProfileSettingsTest, turnsOffWhatLoadsADocumentAnew) {
+  const std::string disabled = "/org.openoffice.Office.Commands/Execute/Disabled\"><node oor:name=\"Reload\"";
+  const std::string ours = WithSettings("");
+  EXPECT_THAT(ours, HasSubstr(disabled));
+  EXPECT_EQ(WithSettings(ours), ours);
+}
+
 TEST(ProfileSettingsTest, replacesHalfAFile) {
   const std::string ours = WithSettings("");
   EXPECT_EQ(WithSettings(ours.substr(0, ours.size() / 2)), ours);

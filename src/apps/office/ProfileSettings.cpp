@@ -47,6 +47,9 @@ const std::array<Setting, 21> kSettings = {{
     {"/org.openoffice.Inet/Settings", "ooInetHTTPSProxyPort", "9"},
 }};
 
+/// Commands that load a document anew in its window. It would be another one then, whose saves nobody hears.
+const std::array<std::string, 2> kDisabled = {"Reload", "EditDoc"};
+
 constexpr std::string_view kBegin =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
     "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\" "
@@ -62,10 +65,23 @@ std::string Item(const Setting& setting) {
   return Place(setting) + " oor:op=\"fuse\"><value>" + setting.value + "</value></prop></item>\n";
 }
 
+std::string PlaceOfDisabled(const std::string& command) {
+  return R"(<item oor:path="/org.openoffice.Office.Commands/Execute/Disabled"><node oor:name=")" + command +
+         '"';
+}
+
+std::string Disabling(const std::string& command) {
+  return PlaceOfDisabled(command) + R"( oor:op="replace"><prop oor:name="Command" oor:op="fuse"><value>)" +
+         command + "</value></prop></node></item>\n";
+}
+
 bool IsOurs(const std::string& line) {
-  return std::any_of(kSettings.begin(), kSettings.end(), [&line](const Setting& setting) {
-    return line.compare(0, Place(setting).size(), Place(setting)) == 0;
-  });
+  const auto isSet = [&line](const Setting& setting) { return line.starts_with(Place(setting)); };
+  const auto isDisabled = [&line](const std::string& command) {
+    return line.starts_with(PlaceOfDisabled(command));
+  };
+  return std::any_of(kSettings.begin(), kSettings.end(), isSet) ||
+         std::any_of(kDisabled.begin(), kDisabled.end(), isDisabled);
 }
 
 }  // namespace
@@ -83,6 +99,7 @@ std::string WithSettings(const std::string& text) {
     }
   }
   for (const Setting& setting : kSettings) result += Item(setting);
+  for (const std::string& command : kDisabled) result += Disabling(command);
   return result.append(kEnd) + '\n';
 }
 

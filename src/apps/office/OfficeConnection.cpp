@@ -168,9 +168,16 @@ bool TryToConnect(const std::shared_ptr<Line>& line, const OUString& pipe,
     // Without a name the bridge is ours alone.
     const auto bridge = factory->createBridge("", "urp", connection, nullptr);
     const Reference<lang::XComponent> component(bridge, UNO_QUERY_THROW);
+    bool isLeft = false;
     {
       const std::lock_guard lock(line->mutex);
       line->bridge = component;
+      isLeft = line->state == Line::State::kLeft;
+    }
+    if (isLeft) {
+      // Nobody else disposes it, and nobody could end a call through it.
+      component->dispose();
+      return true;
     }
     const Reference<uno::XComponentContext> context(bridge->getInstance("StarOffice.ComponentContext"),
                                                     UNO_QUERY);
@@ -189,8 +196,8 @@ bool TryToConnect(const std::shared_ptr<Line>& line, const OUString& pipe,
       line->state = Line::State::kUp;
       line->changed.notify_all();
     }
-    desktop->addTerminateListener(new EndListener(line));
     component->addEventListener(new LossListener(line));
+    desktop->addTerminateListener(new EndListener(line));
     return true;
   } catch (const uno::Exception&) {
     return false;

@@ -160,6 +160,8 @@ TEST_F(DeathTest, findsTheOfficeOfADeadHelperAgain) {
   Signal(helper->Pid(), SIGKILL);
   EXPECT_EQ(helper->WaitForEnd(), 128 + SIGKILL);
   helper = std::make_unique<HelperProcess>(Path("profile"));
+  EXPECT_EQ(helper->Ask("isOpen", {{"path", path}}), json({{"open", true}}));
+  EXPECT_EQ(helper->Ask("isOpen", {{"path", Path("other.doc")}}), json({{"open", false}}));
   EXPECT_EQ(helper->Ask("open", {{"path", path}, {"readOnly", false}}).value("code", ""), "already-open");
   helper->Ask("quit");
   EXPECT_EQ(helper->WaitForEnd(), 0);

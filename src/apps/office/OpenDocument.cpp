@@ -19,18 +19,6 @@ namespace document = com::sun::star::document;
 
 namespace {
 
-/// Two windows with one file would store over each other, and the first one closed takes the lock away from
-/// both.
-void CheckNotOpenHere(const Reference<frame::XDesktop2>& desktop, const std::string& path) {
-  const auto components = desktop->getComponents()->createEnumeration();
-  while (components->hasMoreElements()) {
-    const Reference<frame::XModel> model(components->nextElement(), UNO_QUERY);
-    if (model.is() && IsSameFile(FilePath(model->getURL()), path)) {
-      throw Failure("already-open", path + " is open in the office already");
-    }
-  }
-}
-
 /// Nothing of the document runs, nothing is fetched for it, and a read-only one stays so: the office would
 /// otherwise offer a button that makes it editable.
 Arguments LoadArguments(const FileType& type, bool readOnly, const rtl::Reference<Questions>& questions) {
@@ -52,9 +40,20 @@ std::string Kind(const Reference<frame::XModel>& model) {
 
 }  // namespace
 
+bool IsOpen(const OfficeConnection& office, const std::string& path) {
+  const auto components = office.Desktop()->getComponents()->createEnumeration();
+  while (components->hasMoreElements()) {
+    const Reference<frame::XModel> model(components->nextElement(), UNO_QUERY);
+    if (model.is() && IsSameFile(FilePath(model->getURL()), path)) return true;
+  }
+  return false;
+}
+
 OpenDocument Open(const OfficeConnection& office, int number, const std::string& path, bool readOnly,
                   const std::string& base, Happenings& happenings) {
-  CheckNotOpenHere(office.Desktop(), path);
+  // Two windows with one file would store over each other, and the first one closed takes the lock away from
+  // both.
+  if (IsOpen(office, path)) throw Failure("already-open", path + " is open in the office already");
   const FileType type = DetectFileType(office.Context(), path);
   if (!readOnly && !type.isWritable) {
     throw Failure("unsupported", path + " can be read by the office, but not be written");

@@ -23,6 +23,10 @@ struct OpenDocument {
   std::chrono::steady_clock::time_point loaded;
 };
 
+/// Whether the office has the file open, for us or for its user. Only inside a call on the office's main
+/// thread.
+bool IsOpen(const OfficeConnection& office, const std::string& path);
+
 /// Opens the file in a window of its own. The document answers to `number` in `happenings`. The addresses
 /// in its last words are relative to the file `base`. Raises `Failure` with the codes that the protocol gives
 /// for `open`. Only inside a call on the office's main thread.

@@ -82,6 +82,7 @@ Service::Service(OfficeConnection& office, Happenings& happenings, const std::st
 }
 
 json Service::Work(const std::string& call, const json& arguments) {
+  if (call == "isOpen") return IsFileOpen(arguments);
   if (call == "open") return OpenFile(arguments);
   if (call == "title") return Title(arguments);
   if (call == "setTitle") return SetTitle(arguments);
@@ -160,6 +161,14 @@ void Service::EndOffice() {
     // It says so before it is done.
     if (!office_.IsLost()) throw;
   }
+}
+
+json Service::IsFileOpen(const json& arguments) {
+  const auto isOpen = std::make_shared<bool>(false);
+  Run([&office = office_, path = arguments.at("path").get<std::string>(), isOpen] {
+    *isOpen = IsOpen(office, path);
+  });
+  return {{"open", *isOpen}};
 }
 
 json Service::OpenFile(const json& arguments) {

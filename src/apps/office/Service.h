@@ -38,6 +38,7 @@ class Service {
   void EndOffice();
 
  private:
+  nlohmann::json IsFileOpen(const nlohmann::json& arguments);
   nlohmann::json OpenFile(const nlohmann::json& arguments);
   nlohmann::json Title(const nlohmann::json& arguments);
   nlohmann::json SetTitle(const nlohmann::json& arguments);

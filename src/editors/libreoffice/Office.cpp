@@ -48,7 +48,7 @@ bool Office::IsInstalled() const {
   return FileExists(client_->Options().helper, 0);
 }
 
-std::shared_ptr<OfficeGroup> Office::Find(std::string_view path) const {
+std::shared_ptr<OfficeGroup> Office::Find(std::string_view path) {
   for (const auto& group : groups_) {
     if (IsSameFile(group->path, path)) return group;
   }
@@ -59,12 +59,22 @@ std::shared_ptr<OfficeGroup> Office::Find(std::string_view path) const {
       if (IsSameFile(document->path, path)) elsewhere->documents.push_back(document);
     }
   }
-  if (elsewhere->documents.empty() &&
-      IsLockedElsewhere(path, client_->Options().profiles, client_->Profile())) {
+  if (elsewhere->documents.empty() && IsOpenElsewhere(path)) {
     elsewhere->documents.push_back(std::make_shared<OfficeDocument>());
     elsewhere->documents.front()->closed = true;  // it is not ours to close
   }
   return elsewhere->documents.empty() ? nullptr : elsewhere;
+}
+
+bool Office::IsOpenElsewhere(std::string_view path) {
+  const LockHolder holder = HolderOfLock(path, client_->Options().profiles, client_->Profile());
+  if (holder != LockHolder::kOwnOffice) return holder == LockHolder::kAnotherOffice;
+  // A helper that starts anew finds the office of one that died, with what its user has open there.
+  Json answer;
+  const PendingError pending = Err;
+  Attempt([&] { answer = Call("isOpen", {{"path", ThePlatform().helpers->NativePath(path)}}); });
+  Err = pending;
+  return answer.is_object() && answer.value("open", Json()) == true;
 }
 
 Json Office::Call(std::string_view call, Json arguments) {

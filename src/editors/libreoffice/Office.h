@@ -58,7 +58,7 @@ class Office : public std::enable_shared_from_this<Office> {
 
   /// The group of this path, if it has documents; else one of a single document if the file is open
   /// elsewhere: in another group, or in another office. Nothing if it is not open.
-  std::shared_ptr<OfficeGroup> Find(std::string_view path) const;
+  std::shared_ptr<OfficeGroup> Find(std::string_view path);
   /// Opens a document in `group`. Raises why it could not be opened.
   std::shared_ptr<OfficeDocument> Open(const std::shared_ptr<OfficeGroup>& group, std::string_view path,
                                        bool readOnly);
@@ -84,6 +84,7 @@ class Office : public std::enable_shared_from_this<Office> {
 
   explicit Office(std::shared_ptr<OfficeClient> client) : client_(std::move(client)) {}
 
+  bool IsOpenElsewhere(std::string_view path);
   nlohmann::json Call(std::string_view call, nlohmann::json arguments);
   nlohmann::json CallToOpen(std::string_view path, bool readOnly, std::int64_t& losses);
   nlohmann::json Ask(std::string_view call, OfficeDocument& document);

@@ -47,24 +47,26 @@ bool IsSameFile(std::string_view left, std::string_view right) {
   return EqualIgnoringCase(files.Resolved(left), files.Resolved(right));
 }
 
-bool IsLockedElsewhere(std::string_view path, const std::string& profiles, const std::string& own) {
+LockHolder HolderOfLock(std::string_view path, const std::string& profiles, const std::string& own) {
   Platform& platform = ThePlatform();
   const auto file = platform.files->Find(path);
   const std::string name = file ? file->name : FileNameOf(path);
   const std::string lock = JoinFile(DirectoryOf(path), ".~lock." + name + "#");
   std::string content;
-  if (!platform.files->Find(lock)) return false;
+  if (!platform.files->Find(lock)) return LockHolder::kNobody;
   const PendingError pending = Err;
   const bool read = Attempt([&] { content = platform.files->Read(lock); });
   Err = pending;
-  if (!read) return platform.files->Find(lock).has_value();  // else it has gone just now
+  const bool isThere = read || platform.files->Find(lock);  // else it has gone just now
+  if (!read) return isThere ? LockHolder::kAnotherOffice : LockHolder::kNobody;
   // Made while the disk was full, or just now: the helper can tell.
-  if (content.empty()) return false;
+  if (content.empty()) return LockHolder::kNobody;
   const std::string profile = ProfileOf(content);
-  if (!profile.starts_with(profiles + "/")) return true;
-  if (profile == own) return false;
-  return platform.helpers->IsLockHeld(profile + "/.quillbank-lock") ||
-         platform.helpers->IsLockHeld(profile + "/.quillbank-office-lock");
+  if (!profile.starts_with(profiles + "/")) return LockHolder::kAnotherOffice;
+  if (profile == own) return LockHolder::kOwnOffice;
+  const bool lives = platform.helpers->IsLockHeld(profile + "/.quillbank-lock") ||
+                     platform.helpers->IsLockHeld(profile + "/.quillbank-office-lock");
+  return lives ? LockHolder::kAnotherOffice : LockHolder::kNobody;
 }
 
 }  // namespace qb

@@ -105,6 +105,19 @@ TEST_F(OfficeGroupsTest, ALockOfALivingOfficeOfOurOwnCounts) {
   EXPECT_EQ(0, Count(kA));
 }
 
+TEST_F(OfficeGroupsTest, AFileThatTheUserHasOpenInOurOfficeCountsAsOpenIfTheOfficeSaysSo) {
+  Script({kReady, "serve 2", "on isOpen", R"({"id":$id,"result":{"open":true}})", "on isOpen",
+          R"({"id":$id,"result":{"open":false}})", "on isOpen", R"({"id":$id,"error":{"code":"request"}})",
+          "serve"});
+  OpenPair();
+  Lock("c.doc", OwnLock(1));
+  EXPECT_EQ(1, Count(kC));
+  EXPECT_EQ(Native(kC).string(), Request("isOpen")["path"]);
+  // A lock that is left from an office which died.
+  EXPECT_EQ(0, Count(kC));
+  EXPECT_EQ(0, Count(kC));
+}
+
 TEST_F(OfficeGroupsTest, TheNameOfAProfileInALockMayBeEncoded) {
   std::string lock = OwnLock(1);
   lock.replace(lock.find("office"), 1, "%6F");

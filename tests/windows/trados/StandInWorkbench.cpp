@@ -39,7 +39,10 @@ class Memory : public StandInNamedObject {
     opened = TextOf(given[3]) + L"|" + TextOf(given[2]) + (isLeftOut ? L"|left out|" : L"|given|") +
              TextOf(given[0]);
     if (TextOf(given[3]).find(L"crash") != std::wstring::npos) TerminateProcess(GetCurrentProcess(), 3);
-    if (TextOf(given[3]).find(L"locked") == std::wstring::npos) return S_OK;
+    if (TextOf(given[3]).find(L"locked") == std::wstring::npos) {
+      SetWindowTextW(window, (L"Workbench: " + TextOf(given[3])).c_str());
+      return S_OK;
+    }
     exception->scode = kLockedFailure;
     exception->bstrSource = SysAllocString(L"TW4Win");
     exception->bstrDescription = SysAllocString(L"The memory is locked.");
@@ -115,7 +118,7 @@ int main(int argc, char** argv) {
   windowClass.lpfnWndProc = OnMessage;
   windowClass.lpszClassName = L"TW4Win2Class";
   RegisterClassW(&windowClass);
-  window = CreateWindowW(L"TW4Win2Class", L"Some memory", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 200, 100,
+  window = CreateWindowW(L"TW4Win2Class", L"Workbench", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 200, 100,
                          nullptr, nullptr, nullptr, nullptr);
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);

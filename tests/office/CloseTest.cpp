@@ -35,6 +35,20 @@ TEST_F(CloseTest, storesWhatIsModifiedAndTellsItBeforeTheAnswer) {
   EXPECT_NE(User().Text(path).find("Kept"), std::string::npos);
 }
 
+TEST_F(CloseTest, storesNothingThatWasOnlyRead) {
+  for (const char* name : {"wartung/wartung.doc", "schulung/schulung.ppt", "glossar/glossar.htm"}) {
+    const int document = Open(Sample(name));
+    Helper().Ask("title", {{"document", document}});
+    Helper().Ask("links", {{"document", document}});
+    const int request = Helper().Send("close", {{"documents", {document}}});
+    // Without a word about a save, or about what it left.
+    EXPECT_EQ(Helper().WaitFor([](const json&) { return true; }),
+              json({{"event", "closed"}, {"document", document}}))
+        << name;
+    EXPECT_EQ(Helper().WaitForAnswer(request), json::object());
+  }
+}
+
 TEST_F(CloseTest, tellsThatTheUserHasClosedTheWindow) {
   const std::string path = Sample("wartung/wartung.doc");
   const std::string other = Sample("sicherheit/sicherheit.doc");

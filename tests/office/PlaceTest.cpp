@@ -81,5 +81,23 @@ TEST_F(PlaceTest, refusesAStyleOrADocumentThatIsNot) {
             "request");
 }
 
+TEST_F(PlaceTest, refusesADocumentThatIsLosingItsWindow) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const int document = Open(path);
+  Reference<com::sun::star::frame::XController> controller;
+  User().Do([&] {
+    controller = User().Model(path)->getCurrentController();
+    User().Model(path)->disconnectController(controller);
+  });
+  const nlohmann::json screen = {{"x", 0}, {"y", 0}, {"width", 1280}, {"height", 900}};
+  const auto error = Helper().Ask("arrange", {{"documents", {document}}, {"style", 3}, {"screen", screen}});
+  EXPECT_EQ(error.value("code", ""), "office") << error;
+  User().Do([&] {
+    User().Model(path)->connectController(controller);
+    User().Model(path)->setCurrentController(controller);
+  });
+  Arrange(3, {document});
+}
+
 }  // namespace
 }  // namespace qb::office

@@ -5,16 +5,22 @@
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/XTopWindow2.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
+#include <com/sun/star/frame/XController.hpp>
+#include <com/sun/star/frame/XFrame.hpp>
 
 namespace qb::office {
 
 namespace awt = com::sun::star::awt;
+namespace frame = com::sun::star::frame;
 using Model = Reference<com::sun::star::frame::XModel>;
 
 namespace {
 
+/// Raises css::uno::RuntimeException if the document has none, as one that is being closed.
 Reference<awt::XWindow> Window(const Model& model) {
-  return model->getCurrentController()->getFrame()->getContainerWindow();
+  const Reference<frame::XController> controller(model->getCurrentController(), uno::UNO_SET_THROW);
+  const Reference<frame::XFrame> frame(controller->getFrame(), uno::UNO_SET_THROW);
+  return {frame->getContainerWindow(), uno::UNO_SET_THROW};
 }
 
 /// `place` without what the window manager draws around a window. What it draws at the top and on the left

@@ -42,6 +42,16 @@ std::string Extension(const std::string& path) {
   return extension;
 }
 
+/// The kind of document that a filter makes, by the service that it names.
+std::string KindOf(const OUString& service) {
+  if (service == "com.sun.star.text.WebDocument") return "web";
+  if (service == "com.sun.star.text.TextDocument" || service == "com.sun.star.text.GlobalDocument")
+    return "text";
+  if (service == "com.sun.star.presentation.PresentationDocument") return "presentation";
+  if (service == "com.sun.star.drawing.DrawingDocument") return "drawing";
+  return "";
+}
+
 bool IsPageName(const std::string& extension) {
   return extension == "htm" || extension == "html";
 }
@@ -92,8 +102,12 @@ FileType DetectFileType(const Reference<uno::XComponentContext>& context, const 
   if (!isPage) ValueOf(descriptor, "FilterName") >>= found.filter;
   if (found.filter.isEmpty()) ValueOf(type, "PreferredFilter") >>= found.filter;
   const auto filters = Service<container::XNameAccess>(context, "com.sun.star.document.FilterFactory");
+  const Arguments filter = Description(filters, found.filter);
+  OUString service;
+  ValueOf(filter, "DocumentService") >>= service;
+  found.kind = KindOf(service);
   sal_Int32 flags = 0;
-  ValueOf(Description(filters, found.filter), "Flags") >>= flags;
+  ValueOf(filter, "Flags") >>= flags;
   if ((flags & kImportFlag) == 0)
     throw Failure("damaged", path + " is not a document that the office can read");
   found.isWritable = (flags & kExportFlag) != 0;

@@ -14,6 +14,8 @@ struct FileType {
   OUString filter;
   /// Whether the office can store such a document as what it was.
   bool isWritable = false;
+  /// "text", "presentation", "drawing" or "web"; empty for another kind of document.
+  std::string kind;
 };
 
 /// Looks into the file. Raises `Failure` "damaged" if it is of no type, or of one that its name does not

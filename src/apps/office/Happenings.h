@@ -7,7 +7,12 @@ namespace qb::office {
 
 /// What the office did by itself.
 struct Happening {
-  enum class Kind { kSaved, kClosed, kOfficeGone };
+  enum class Kind {
+    kSaved,
+    kClosed,
+    kOpenedLate,  ///< nobody waits for it any more
+    kOfficeGone,
+  };
   Kind kind;
   /// The number of the document; 0 for `kOfficeGone`.
   int document;

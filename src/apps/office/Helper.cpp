@@ -87,6 +87,7 @@ class RequestLoop {
       if (isAlone_ && !HasDocuments()) break;
       Wait();
       service_.TellHappenings();
+      service_.CloseUnwanted();
       service_.CloseStartCenter();
       while (!office_.Line().IsLost() && !isDone_) {
         const auto line = input_.Next();

@@ -30,14 +30,6 @@ Arguments LoadArguments(const FileType& type, bool readOnly, const rtl::Referenc
                       Named("InteractionHandler", HandlerOf(questions))});
 }
 
-std::string Kind(const Reference<frame::XModel>& model) {
-  if (Supports(model, "com.sun.star.text.WebDocument")) return "web";
-  if (Supports(model, "com.sun.star.text.GenericTextDocument")) return "text";
-  if (Supports(model, "com.sun.star.presentation.PresentationDocument")) return "presentation";
-  if (Supports(model, "com.sun.star.drawing.DrawingDocument")) return "drawing";
-  return "";
-}
-
 }  // namespace
 
 bool IsOpen(const OfficeConnection& office, const std::string& path) {
@@ -55,6 +47,9 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
   // both.
   if (IsOpen(office, path)) throw Failure("already-open", path + " is open in the office already");
   const FileType type = DetectFileType(office.Context(), path);
+  if (type.kind.empty()) {
+    throw Failure("unsupported", path + " is a kind of document that is not edited here");
+  }
   if (!readOnly && !type.isWritable) {
     throw Failure("unsupported", path + " can be read by the office, but not be written");
   }
@@ -64,6 +59,7 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
   opened.number = number;
   opened.path = path;
   opened.isReadOnly = readOnly;
+  opened.kind = type.kind;
   const rtl::Reference<Questions> questions(new Questions());
   opened.model.set(office.Desktop()->loadComponentFromURL(FileUrl(path), "_blank", 0,
                                                           LoadArguments(type, readOnly, questions)),
@@ -74,14 +70,9 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
     throw Failure("damaged", path + " cannot be read by the office");
   }
   opened.loaded = std::chrono::steady_clock::now();
-  opened.kind = Kind(opened.model);
-  const bool isReadOnly = Reference<frame::XStorable>(opened.model, UNO_QUERY_THROW)->isReadonly();
-  if (opened.kind.empty() || isReadOnly != readOnly) {
-    CloseAsItIs(opened);
-    if (opened.kind.empty())
-      throw Failure("unsupported", path + " is a kind of document that is not edited here");
-    throw Failure("locked", path + " can only be read at present");
-  }
+  opened.isAsAsked = Reference<frame::XStorable>(opened.model, UNO_QUERY_THROW)->isReadonly() ==
+                     static_cast<sal_Bool>(readOnly);
+  if (!opened.isAsAsked) return opened;
   opened.listener.set(new DocumentListener(number, path, opened.kind, base, office.Context(), happenings));
   opened.listener->Listen(opened.model);
   return opened;

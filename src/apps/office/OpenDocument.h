@@ -16,6 +16,9 @@ struct OpenDocument {
   int number = 0;
   std::string path;
   bool isReadOnly = false;
+  /// False if it can only be read, though it was to be written. Nobody listens to it then, and it has to be
+  /// closed again.
+  bool isAsAsked = false;
   /// "text", "presentation", "drawing" or "web".
   std::string kind;
   Reference<com::sun::star::frame::XModel> model;

@@ -95,6 +95,10 @@ json Service::Work(const std::string& call, const json& arguments) {
 
 void Service::TellHappenings() {
   for (const Happening& happening : happenings_.Take()) {
+    if (happening.kind == Happening::Kind::kOpenedLate) {
+      unwanted_.push_back(*opening_.extract(happening.document).mapped());
+      continue;
+    }
     if (!documents_.contains(happening.document)) continue;
     if (happening.kind == Happening::Kind::kClosed) {
       TellClosed(documents_.extract(happening.document).mapped());
@@ -117,6 +121,20 @@ void Service::TellClosed(const OpenDocument& document) const {
     }
   }
   WriteLine(line);
+}
+
+void Service::CloseUnwanted() {
+  for (const OpenDocument& document : std::exchange(unwanted_, {})) {
+    const auto age = std::chrono::duration_cast<milliseconds>(steady_clock::now() - document.loaded);
+    if (age < kLoadedToClosed) Pause(kLoadedToClosed - age);
+    try {
+      Run([document] { CloseAsItIs(document); });
+      isBare_ = documents_.empty();
+    } catch (const Failure& failure) {
+      // Its user has closed it, or is at work in it by now; or the office hangs or has gone.
+      std::cerr << document.path << ": " << failure.what() << std::endl;
+    }
+  }
 }
 
 void Service::CloseStartCenter() {
@@ -175,13 +193,38 @@ json Service::OpenFile(const json& arguments) {
   const std::string path = arguments.at("path");
   const bool readOnly = arguments.at("readOnly");
   CheckFile(path, !readOnly);
+  CloseUnwanted();
+  const OpenDocument opened = OpenNow(path, readOnly);
+  if (!opened.isAsAsked) {
+    unwanted_.push_back(opened);
+    CloseUnwanted();
+    throw Failure("locked", path + " can only be read at present");
+  }
+  documents_.emplace(opened.number, opened);
+  return {{"document", opened.number}, {"kind", opened.kind}};
+}
+
+OpenDocument Service::OpenNow(const std::string& path, bool readOnly) {
   const int number = ++lastNumber_;
   const auto opened = std::make_shared<OpenDocument>();
-  Run([&office = office_, &happenings = happenings_, number, path, readOnly, base = base_,
-       opened] { *opened = Open(office, number, path, readOnly, base, happenings); },
-      [opened] { CloseAsItIs(*opened); });
-  documents_.emplace(number, *opened);
-  return {{"document", number}, {"kind", opened->kind}};
+  opening_[number] = opened;
+  try {
+    Run([&office = office_, &happenings = happenings_, number, path, readOnly, base = base_,
+         opened] { *opened = Open(office, number, path, readOnly, base, happenings); },
+        [&happenings = happenings_, number] {
+          happenings.Push({Happening::Kind::kOpenedLate, number});
+        });
+  } catch (const Failure& failure) {
+    // Only what takes too long may still come.
+    if (failure.Code() != "office") opening_.erase(number);
+    TellHappenings();
+    // It may be what an earlier request has opened late.
+    if (failure.Code() != "already-open" || unwanted_.empty()) throw;
+    CloseUnwanted();
+    return OpenNow(path, readOnly);
+  }
+  opening_.erase(number);
+  return *opened;
 }
 
 json Service::Title(const json& arguments) {
@@ -255,6 +298,8 @@ json Service::Close(const json& arguments) {
 }
 
 json Service::Quit() {
+  TellHappenings();
+  CloseUnwanted();
   std::vector<int> numbers;
   for (const auto& [number, document] : documents_) numbers.push_back(number);
   for (const int number : numbers) CloseOne(number);

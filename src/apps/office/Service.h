@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <map>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -26,6 +27,8 @@ class Service {
 
   /// Writes the events that wait.
   void TellHappenings();
+  /// Closes what has been opened in vain.
+  void CloseUnwanted();
   /// Closes the window in which the office offers what to do next, when its user has closed the last
   /// document.
   void CloseStartCenter();
@@ -40,6 +43,8 @@ class Service {
  private:
   nlohmann::json IsFileOpen(const nlohmann::json& arguments);
   nlohmann::json OpenFile(const nlohmann::json& arguments);
+  /// Opens it, or raises `Failure`, after which the office may do so late.
+  OpenDocument OpenNow(const std::string& path, bool readOnly);
   nlohmann::json Title(const nlohmann::json& arguments);
   nlohmann::json SetTitle(const nlohmann::json& arguments);
   nlohmann::json ReadLinksOf(const nlohmann::json& arguments);
@@ -62,6 +67,8 @@ class Service {
   const std::string base_;
   const std::chrono::milliseconds patience_;
   std::map<int, OpenDocument> documents_;
+  std::map<int, std::shared_ptr<OpenDocument>> opening_;  ///< what the office may still open
+  std::vector<OpenDocument> unwanted_;
   int lastNumber_ = 0;
   /// The user has closed the last document, so there may be a start center.
   bool isBare_ = false;

@@ -1,5 +1,6 @@
 #include "platform/win32/Win32Dde.h"
 
+#include <exception>
 #include <optional>
 #include <utility>
 
@@ -70,19 +71,32 @@ struct PendingRequest {
   DWORD transaction = 0;
   bool done = false;
   std::optional<std::string> answer;  // bytes up to the terminator; nothing if it was refused
+  std::exception_ptr failure;         // why the answer could not be taken
 };
 PendingRequest* pending = nullptr;
 
-/// The bytes in an answer up to their terminator.
-std::string BytesIn(HDDEDATA data) {
-  DWORD size = 0;
-  const char* const bytes = reinterpret_cast<const char*>(DdeAccessData(data, &size));
-  if (bytes == nullptr) return {};
-  const std::string_view all(bytes, size);
-  std::string text(all.substr(0, all.find('\0')));
-  DdeUnaccessData(data);
-  return text;
-}
+/// Looks into an answer, which stays the library's.
+class DdeBytes {
+ public:
+  explicit DdeBytes(HDDEDATA data) : data_(data), bytes_(DdeAccessData(data, &size_)) {}
+  DdeBytes(const DdeBytes&) = delete;
+  DdeBytes& operator=(const DdeBytes&) = delete;
+  ~DdeBytes() {
+    if (bytes_ != nullptr) DdeUnaccessData(data_);
+  }
+
+  /// The bytes up to their terminator.
+  std::string Text() const {
+    if (bytes_ == nullptr) return {};
+    const std::string_view all(reinterpret_cast<const char*>(bytes_), size_);
+    return std::string(all.substr(0, all.find('\0')));
+  }
+
+ private:
+  HDDEDATA data_;
+  DWORD size_ = 0;
+  const BYTE* bytes_;
+};
 
 class Win32Conversation : public DdeConversation {
  public:
@@ -107,6 +121,7 @@ class Win32Conversation : public DdeConversation {
     pending = nullptr;
     // Also one that is over: Wine's library leaves it in front of the next one.
     if (begun != nullptr) DdeAbandonTransaction(instance_->Number(), conversation_, 0);
+    if (request.failure != nullptr) std::rethrow_exception(request.failure);
     if (!request.answer) Raise(begun != nullptr && !request.done, item);
     Win32TextCodec codec;
     return codec.Decode(*request.answer, codec.SystemCodePage());
@@ -159,7 +174,12 @@ HDDEDATA CALLBACK DdeInstance::Callback(UINT type, UINT, HCONV, HSZ, HSZ, HDDEDA
                                         ULONG_PTR transaction, ULONG_PTR) {
   if (type != XTYP_XACT_COMPLETE || pending == nullptr || transaction != pending->transaction) return nullptr;
   pending->done = true;
-  if (data != nullptr) pending->answer = BytesIn(data);
+  if (data == nullptr) return nullptr;
+  try {
+    pending->answer = DdeBytes(data).Text();
+  } catch (...) {
+    pending->failure = std::current_exception();  // nothing may be raised through the library
+  }
   return nullptr;
 }
 

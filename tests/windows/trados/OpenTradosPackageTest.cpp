@@ -86,10 +86,10 @@ class OpenTradosPackageTest : public WorkflowTest {
     return Boxes().Texts();
   }
   /// The boxes behind a request that is not answered in time.
-  std::vector<std::string> BoxesOfHanging(const std::wstring& item) {
+  std::vector<std::string> BoxesWithoutAnAnswer(const std::wstring& mode) {
     constexpr std::chrono::milliseconds kShort{1000};
     ThePlatform().dde = std::make_unique<Win32Dde>(kShort);
-    return BoxesWith(L"hang " + item);
+    return BoxesWith(mode);
   }
 
   InstalledClass installed_{L"TW4Win.Application", L"StandInWorkbench"};
@@ -132,11 +132,16 @@ TEST_F(OpenTradosPackageTest, MultiTermNotInstalled_IsReportedAndTheWorkbenchCom
 }
 
 TEST_F(OpenTradosPackageTest, MultiTermThatHangsWhenItIsToOpenTheFile_IsReportedInTime) {
-  EXPECT_THAT(BoxesOfHanging(L"mt_open#"), ElementsAre(HasSubstr("#286: Timeout while waiting for DDE")));
+  EXPECT_THAT(BoxesWithoutAnAnswer(L"hang mt_open#"),
+              ElementsAre(HasSubstr("#286: Timeout while waiting for DDE")));
+}
+
+TEST_F(OpenTradosPackageTest, MultiTermThatAnswersNoMessage_IsReportedInTime) {
+  EXPECT_THAT(BoxesWithoutAnAnswer(L"frozen"), ElementsAre(HasSubstr("#286: Timeout while waiting for DDE")));
 }
 
 TEST_F(OpenTradosPackageTest, MultiTermThatIsNeverReady_IsGivenUpAfterTwentySeconds) {
-  EXPECT_THAT(BoxesOfHanging(L"mt_getfilename#"), ElementsAre(HasSubstr(kNotLoaded)));
+  EXPECT_THAT(BoxesWithoutAnAnswer(L"hang mt_getfilename#"), ElementsAre(HasSubstr(kNotLoaded)));
 }
 
 TEST_F(OpenTradosPackageTest, MultiTermThatDiesWhenItIsToBeReady_IsGivenUpAfterTwentySeconds) {

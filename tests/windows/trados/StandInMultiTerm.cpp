@@ -1,8 +1,9 @@
 // A program that answers over DDE as MultiTerm does: application "MT4WIN", topic "mt_init". It speaks in the
 // messages of DDE themselves, without the system's library, so that each answer is one message and nothing
-// follows it. The first argument says how it behaves: good, hidden; and hang, die, refuse, garbage, large,
-// huge when an item comes that begins as the second argument does, or without one when it is to open a file.
-// The item "stand_in_items" gives all items so far, each with a line end.
+// follows it. The first argument says how it behaves: good; hidden; frozen, which answers no message at all;
+// and hang, die, refuse, garbage, large, huge when an item comes that begins as the second argument does, or
+// without one when it is to open a file. The item "stand_in_items" gives all items so far, each with a line
+// end.
 
 #include <windows.h>
 // Behind it, since it does not stand alone.
@@ -109,6 +110,7 @@ int main(int argc, char** argv) {
   // Hidden from the start, where the test says so: the program hides the window of the real one as well.
   const DWORD style = mode == "hidden" ? WS_OVERLAPPEDWINDOW : WS_OVERLAPPEDWINDOW | WS_VISIBLE;
   CreateWindowA("MT4WIN", "TRADOS MultiTerm", style, 10, 10, 200, 100, nullptr, nullptr, nullptr, nullptr);
+  if (mode == "frozen") Sleep(INFINITE);
   MSG message;
   while (GetMessageA(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <com/sun/star/beans/NamedValue.hpp>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/document/XDocumentEventListener.hpp>
 #include <com/sun/star/document/XDocumentPropertiesSupplier.hpp>
@@ -130,7 +131,16 @@ void OfficeUser::StoreCopy(const std::string& path, const std::string& copy, con
                            const std::string& password) {
   Do([this, path, copy, filter, password] {
     std::vector<com::sun::star::beans::PropertyValue> values = {Named("FilterName", Any(ToUno(filter)))};
-    if (!password.empty()) values.push_back(Named("Password", Any(ToUno(password))));
+    if (!password.empty()) {
+      values.push_back(Named("Password", Any(ToUno(password))));
+      // Another format wants the same in this way.
+      const std::array<com::sun::star::beans::NamedValue, 2> secret = {
+          com::sun::star::beans::NamedValue("OOXPassword", Any(ToUno(password))),
+          com::sun::star::beans::NamedValue("CryptoType", Any(OUString("Standard")))};
+      if (filter.ends_with("XML"))
+        values.back() =
+            Named("EncryptionData", Any(uno::Sequence<com::sun::star::beans::NamedValue>(secret.data(), 2)));
+    }
     Reference<frame::XStorable>(Model(path), UNO_QUERY_THROW)->storeToURL(FileUrl(copy), ToArguments(values));
   });
 }

@@ -1,14 +1,17 @@
 #include "apps/office/FileChecks.h"
 
+#include <strings.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <string_view>
 #include <system_error>
 
 #include "apps/office/Failure.h"
@@ -23,10 +26,19 @@ std::string LockName(const std::string& path) {
   return file.parent_path() / (".~lock." + file.filename().string() + '#');
 }
 
+std::string ReadFile(const std::string& name) {
+  std::ifstream file(name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool IsNameOfPresentation(const std::string& path) {
+  const std::string extension = std::filesystem::path(path).extension().string();
+  return strncasecmp(extension.c_str(), ".pp", 3) == 0 || strncasecmp(extension.c_str(), ".pot", 4) == 0;
+}
+
 /// The profile folder that a lock file tells, its last field but for the semicolon.
 std::string ProfileInLock(const std::string& name) {
-  std::ifstream file(name, std::ios::binary);
-  const std::string text{std::istreambuf_iterator<char>(file), {}};
+  const std::string text = ReadFile(name);
   const std::size_t begin = text.rfind(',');
   const std::size_t end = text.rfind(';');
   if (begin == std::string::npos || end == std::string::npos || end < begin) return "";
@@ -47,6 +59,24 @@ bool IsLongMade(const std::string& name) {
   return !gone && std::filesystem::file_time_type::clock::now() - made > kToFillALock;
 }
 
+/// Looks for the atom about its user that a presentation begins with: its kind, its length, the length of its
+/// fixed part, and a mark.
+bool IsEncryptedPresentation(const std::string& path) {
+  constexpr std::string_view kCompound("\xd0\xcf\x11\xe0", 4);
+  constexpr std::string_view kKind("\x00\x00\xf6\x0f", 4);
+  constexpr std::string_view kMark("\x14\x00\x00\x00\xdf\xc4\xd1\xf3", 8);
+  constexpr std::size_t kLength = 4;
+  if (!IsNameOfPresentation(path)) return false;
+  const std::string bytes = ReadFile(path);
+  if (!bytes.starts_with(kCompound)) return false;
+  for (std::size_t place = bytes.find(kMark); place != std::string::npos;
+       place = bytes.find(kMark, place + 1)) {
+    const std::size_t begin = place - std::min(place, kKind.size() + kLength);
+    if (bytes.compare(begin, kKind.size(), kKind) == 0) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 void CheckFile(const std::string& path, bool forWriting) {
@@ -63,6 +93,7 @@ void CheckFile(const std::string& path, bool forWriting) {
     throw Failure("office", path + " cannot be written: " + std::strerror(errno));
   }
   if (found.st_size == 0) throw Failure("damaged", path + " is empty");
+  if (IsEncryptedPresentation(path)) throw Failure("encrypted", path + " is encrypted");
 }
 
 void RemoveDesertedLock(const std::string& path) {

@@ -5,7 +5,8 @@
 namespace qb::office {
 
 /// What can be seen of a file before the office is asked. Raises `Failure`: "missing", "folder", "damaged"
-/// (an empty file), "office" (not to be read, or not to be written if `forWriting`).
+/// (an empty file), "encrypted" (a presentation, of which the office only says that it cannot read it),
+/// "office" (not to be read, or not to be written if `forWriting`).
 void CheckFile(const std::string& path, bool forWriting);
 
 /// Removes the lock of an office that a dead helper had started in another profile of ours, and one in which

@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
+#include <vector>
 
 #include "office/OfficeTest.h"
 
@@ -36,19 +38,28 @@ class Listener {
   std::string url_;
 };
 
-/// A text document in one file; `head` stands before its body.
-std::string Flat(const std::string& head, const std::string& body) {
+/// A document in one file; `head` stands before its body.
+std::string Flat(const std::string& head, const std::string& body, const std::string& kind = "text") {
   return R"(<?xml version="1.0" encoding="UTF-8"?><office:document
 xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0" xmlns:text="urn:oasis:names:tc:opendocument:xmlns:text:1.0"
 xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0" xmlns:xlink="http://www.w3.org/1999/xlink"
 xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0"
 xmlns:meta="urn:oasis:names:tc:opendocument:xmlns:meta:1.0" xmlns:script="urn:oasis:names:tc:opendocument:xmlns:script:1.0"
 xmlns:ooo="http://openoffice.org/2004/office" xmlns:config="urn:oasis:names:tc:opendocument:xmlns:config:1.0"
-office:version="1.2" office:mimetype="application/vnd.oasis.opendocument.text">)" +
-         head + "<office:body><office:text>" + body + "</office:text></office:body></office:document>";
+office:version="1.2" office:mimetype="application/vnd.oasis.opendocument.)" +
+         kind + "\">" + head + "<office:body><office:" + kind + '>' + body + "</office:" + kind +
+         "></office:body></office:document>";
 }
 
-class SafetyTest : public OfficeTest {};
+class SafetyTest : public OfficeTest {
+ protected:
+  void Work(const std::string& path) {
+    const int document = Open(path);
+    User().Write(path, "More");
+    Helper().Ask("links", {{"document", document}});
+    Close(document);
+  }
+};
 
 TEST_F(SafetyTest, fetchesNothingFromTheNet) {
   const Listener net;
@@ -68,11 +79,39 @@ TEST_F(SafetyTest, fetchesNothingFromTheNet) {
                            "text:anchor-type=\"as-char\"><draw:image xlink:type=\"simple\" xlink:href=\"" +
                            net.Url() + "/i.png\"/></draw:frame></text:p>"));
   for (const char* name : {"net.html", "net.fodt"}) {
-    const int document = Open(Path(name));
-    User().Write(Path(name), "More");
-    Helper().Ask("links", {{"document", document}});
-    Close(document);
+    Work(Path(name));
     EXPECT_FALSE(net.WasAsked()) << name;
+  }
+}
+
+TEST_F(SafetyTest, fetchesNothingForDocumentsOfEachFormat) {
+  const Listener net;
+  const std::string frame = "<draw:frame svg:width=\"3cm\" svg:height=\"3cm\" ";
+  const std::string picture =
+      "<draw:image xlink:type=\"simple\" xlink:href=\"" + net.Url() + "/i.png\"/></draw:frame>";
+  const std::string page =
+      "<draw:floating-frame xlink:type=\"simple\" xlink:href=\"" + net.Url() + "/f.html\"/></draw:frame>";
+  const std::string anchor = "text:anchor-type=\"as-char\">";
+  Put("net.fodt", Flat("<office:meta><meta:template xlink:type=\"simple\" xlink:href=\"" + net.Url() +
+                           "/t.dot\" meta:date=\"2020-01-01T00:00:00\"/></office:meta>",
+                       "<text:p>x" + frame + anchor + picture + frame + anchor + page + "</text:p>"));
+  Put("net.fodp",
+      Flat("", "<draw:page>" + frame + '>' + picture + frame + '>' + page + "</draw:page>", "presentation"));
+  const std::vector<std::pair<std::string, std::string>> texts = {
+      {"MS Word 97", "net.doc"}, {"MS Word 2007 XML", "net.docx"}, {"writer8", "net.odt"}};
+  const std::vector<std::pair<std::string, std::string>> slides = {
+      {"MS PowerPoint 97", "net.ppt"}, {"Impress MS PowerPoint 2007 XML", "net.pptx"}};
+  const std::string wide("i\0.\0p\0n\0g", 9);
+  for (const auto& [from, all] : {std::pair("net.fodt", texts), std::pair("net.fodp", slides)}) {
+    const int source = Open(Path(from));
+    for (const auto& [filter, name] : all) User().StoreCopy(Path(from), Path(name), filter);
+    Close(source);
+    // The first of them keeps the address where it can be seen.
+    EXPECT_NE(Content(all.front().second).find(wide), std::string::npos);
+    for (const auto& [filter, name] : all) {
+      Work(Path(name));
+      EXPECT_FALSE(net.WasAsked()) << name;
+    }
   }
 }
 
@@ -88,7 +127,10 @@ TEST_F(SafetyTest, runsNoMacros) {
               "xlink:href=\"vnd.sun.star.script:Standard.M.Main?language=Basic&amp;location=document\"/>"
               "</office:event-listeners></office:scripts>",
           "<text:p>x</text:p>"));
-  Close(Open(Path("macro.fodt")));
+  const int document = Open(Path("macro.fodt"));
+  User().StoreCopy(Path("macro.fodt"), Path("macro.odt"), "writer8");
+  Close(document);
+  Work(Path("macro.odt"));
   EXPECT_FALSE(Exists("ran"));
 }
 

@@ -19,6 +19,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "apps/office/Failure.h"
 #include "apps/office/UnoText.h"
 
 namespace qb::office {
@@ -98,6 +99,15 @@ void OfficeUser::Command(const std::string& path, const std::string& command) {
 
 void OfficeUser::Begin(const std::string& path, const std::string& command) {
   Do([this, path, command] { Dispatch(line_, Model(path), command, false); });
+}
+
+void OfficeUser::EndOffice() {
+  try {
+    Do([this] { Desktop()->terminate(); });
+  } catch (const Failure& failure) {
+    // It says so before it answers.
+    if (failure.Code() != "ended") throw;
+  }
 }
 
 void OfficeUser::At(const std::string& event, const std::function<void()>& then) {

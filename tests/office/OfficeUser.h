@@ -22,6 +22,8 @@ class OfficeUser {
   void Command(const std::string& path, const std::string& command);
   /// Gives a command without waiting for its end: that of a dialog comes when it is closed.
   void Begin(const std::string& path, const std::string& command);
+  /// Ends the office.
+  void EndOffice();
   /// Has something done in the middle of what the office tells of any document, such as "OnSave".
   void At(const std::string& event, const std::function<void()>& then);
   bool IsModified(const std::string& path);

@@ -12,6 +12,7 @@
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/frame/theGlobalEventBroadcaster.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
 #include <cppuhelper/implbase1.hxx>
 #include <cstdio>
@@ -99,6 +100,19 @@ void OfficeUser::Command(const std::string& path, const std::string& command) {
 
 void OfficeUser::Begin(const std::string& path, const std::string& command) {
   Do([this, path, command] { Dispatch(line_, Model(path), command, false); });
+}
+
+void OfficeUser::Load(const std::string& path) {
+  Do([this, path] {
+    const auto model = Desktop()->loadComponentFromURL(FileUrl(path), "_blank", 0, {});
+    if (!model.is()) throw std::runtime_error(path);
+  });
+}
+
+void OfficeUser::Unload(const std::string& path) {
+  Do([this, path] {
+    Reference<com::sun::star::util::XCloseable>(Model(path), UNO_QUERY_THROW)->close(false);
+  });
 }
 
 void OfficeUser::EndOffice() {

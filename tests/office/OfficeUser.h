@@ -22,6 +22,9 @@ class OfficeUser {
   void Command(const std::string& path, const std::string& command);
   /// Gives a command without waiting for its end: that of a dialog comes when it is closed.
   void Begin(const std::string& path, const std::string& command);
+  /// Opens a file, and closes it as it is.
+  void Load(const std::string& path);
+  void Unload(const std::string& path);
   /// Ends the office.
   void EndOffice();
   /// Has something done in the middle of what the office tells of any document, such as "OnSave".

@@ -1,10 +1,8 @@
-#include <com/sun/star/util/XCloseable.hpp>
 #include <filesystem>
 #include <memory>
 
 #include "apps/office/OfficeProcess.h"
 #include "apps/office/ProfileSettings.h"
-#include "apps/office/UnoText.h"
 #include "office/OfficeTest.h"
 #include "support/FreshFolder.h"
 
@@ -29,7 +27,7 @@ class OtherOfficeTest : public OfficeTest {
     // Ours is no more; his works on.
     EXPECT_FALSE(process_->HasEnded());
     EXPECT_TRUE(owner_->IsOpen(last_));
-    CloseThere(last_);
+    Owner().Unload(last_);
     owner_->EndOffice();
     EXPECT_TRUE(WaitUntil([] { return process_->HasEnded(); }));
     process_->Kill();
@@ -39,15 +37,6 @@ class OtherOfficeTest : public OfficeTest {
   }
 
   static OfficeUser& Owner() { return *owner_; }
-  static void OpenThere(const std::string& path) {
-    owner_->Do([path] { owner_->Desktop()->loadComponentFromURL(FileUrl(path), "_blank", 0, {}); });
-    ASSERT_TRUE(owner_->IsOpen(path));
-  }
-  static void CloseThere(const std::string& path) {
-    owner_->Do([path] {
-      Reference<com::sun::star::util::XCloseable>(owner_->Model(path), UNO_QUERY_THROW)->close(false);
-    });
-  }
   /// What is still open there when our office ends.
   static std::string last_;
 
@@ -64,7 +53,7 @@ std::unique_ptr<OfficeUser> OtherOfficeTest::owner_;
 
 TEST_F(OtherOfficeTest, keepsTheDocumentThatItHasOpen) {
   const std::string path = Sample("wartung/wartung.doc");
-  OpenThere(path);
+  Owner().Load(path);
   Owner().Write(path, "Theirs");
   const std::string before = Content("wartung.doc");
   const std::string lock = Content(".~lock.wartung.doc#");
@@ -79,13 +68,13 @@ TEST_F(OtherOfficeTest, keepsTheDocumentThatItHasOpen) {
   Close(source);
   for (const json& line : Helper().Waiting()) EXPECT_NE(line.value("event", ""), "saved") << line;
   EXPECT_EQ(Content(".~lock.wartung.doc#"), lock);
-  CloseThere(path);
+  Owner().Unload(path);
   EXPECT_EQ(OpenError(path), "");
 }
 
 TEST_F(OtherOfficeTest, livesOnWhenOursEnds) {
   last_ = Sample("sicherheit/sicherheit.doc");
-  OpenThere(last_);
+  Owner().Load(last_);
   Open(Sample("wartung/wartung.doc"));
 }
 

@@ -1,5 +1,8 @@
 #include <com/sun/star/frame/XFrames.hpp>
+#include <com/sun/star/util/CloseVetoException.hpp>
+#include <com/sun/star/util/XCloseListener.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+#include <cppuhelper/implbase1.hxx>
 
 #include "office/OfficeTest.h"
 
@@ -7,6 +10,17 @@ namespace qb::office {
 namespace {
 
 using nlohmann::json;
+
+/// Calls a close off.
+class Veto : public cppu::WeakImplHelper1<com::sun::star::util::XCloseListener> {
+ public:
+  void SAL_CALL queryClosing(const com::sun::star::lang::EventObject& /*source*/,
+                             sal_Bool /*owns*/) override {
+    throw com::sun::star::util::CloseVetoException();
+  }
+  void SAL_CALL notifyClosing(const com::sun::star::lang::EventObject& /*source*/) override {}
+  void SAL_CALL disposing(const com::sun::star::lang::EventObject& /*source*/) override {}
+};
 
 class CloseTest : public OfficeTest {
  protected:
@@ -47,6 +61,23 @@ TEST_F(CloseTest, storesNothingThatWasOnlyRead) {
         << name;
     EXPECT_EQ(Helper().WaitForAnswer(request), json::object());
   }
+}
+
+TEST_F(CloseTest, saysNothingAgainThatWasToldAfterACloseThatWasCalledOff) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const int document = Open(path);
+  User().Write(path, "More");
+  User().Command(path, ".uno:Save");
+  User().Do([&path] {
+    const Reference<com::sun::star::util::XCloseable> model(User().Model(path), UNO_QUERY_THROW);
+    const Reference<com::sun::star::util::XCloseListener> veto(new Veto());
+    model->addCloseListener(veto);
+    EXPECT_THROW(model->close(false), com::sun::star::util::CloseVetoException);
+    model->removeCloseListener(veto);
+  });
+  EXPECT_TRUE(Helper().Ask("links", {{"document", document}}).contains("links"));
+  Close(document);
+  EXPECT_EQ(Helper().WaitForEvent("closed"), json({{"event", "closed"}, {"document", document}}));
 }
 
 TEST_F(CloseTest, tellsThatTheUserHasClosedTheWindow) {

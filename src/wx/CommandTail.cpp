@@ -1,30 +1,24 @@
 #include "wx/CommandTail.h"
 
-#include <wx/filename.h>
 #ifdef __WXMSW__
+#include <wx/filename.h>
+// Behind it, since it defines what the toolkit's headers take back.
 #include <windows.h>
-#endif
+
+#include <algorithm>
+#else
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <string_view>
+#endif
 
 #include "wx/WxText.h"
 
 namespace qb {
 
-std::string CommandTail(const std::vector<std::string>& arguments) {
-  std::string tail = fmt::format("{}", fmt::join(arguments, " "));
-  // One with `\` in front is absolute already, as the program writes paths.
-  if (tail.empty() || tail.front() == '\\') return tail;
-  return KeptPath(std::filesystem::absolute(tail).lexically_normal().string());
-}
-
 #ifdef __WXMSW__
-std::string ProcessCommandTail(int, char**) {
-  std::wstring_view line = GetCommandLineW();
+std::string CommandTail(std::wstring_view line) {
   bool isQuoted = false;
   std::size_t end = 0;
   for (; end < line.size() && (isQuoted || line[end] != L' '); ++end) {
@@ -36,7 +30,18 @@ std::string ProcessCommandTail(int, char**) {
   name.MakeAbsolute();
   return FromWx(name.GetFullPath());
 }
+
+std::string ProcessCommandTail(int, char**) {
+  return CommandTail(GetCommandLineW());
+}
 #else
+std::string CommandTail(const std::vector<std::string>& arguments) {
+  std::string tail = fmt::format("{}", fmt::join(arguments, " "));
+  // One with `\` in front is absolute already, as the program writes paths.
+  if (tail.empty() || tail.front() == '\\') return tail;
+  return KeptPath(std::filesystem::absolute(tail).lexically_normal().string());
+}
+
 std::string ProcessCommandTail(int argc, char** argv) {
   return CommandTail({argv + 1, argv + argc});
 }

@@ -24,14 +24,9 @@ std::string BytesOf(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Where the programs are built, this one among them.
-std::filesystem::path ProgramFolder() {
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path();
-}
-
 struct Language {
   const char* code;
-  const char* file;  ///< from the program's directory
+  const char* file;  ///< from the directory of the programs
 };
 
 void PrintTo(const Language& language, std::ostream* out) {
@@ -42,7 +37,7 @@ void PrintTo(const Language& language, std::ostream* out) {
 class SpokenLanguageTest : public PlatformTest {
  protected:
   void Speak(const std::string& language, const std::string& file) {
-    Write(R"(\app\)" + ReplaceFirst(file, "/", R"(\)"), BytesOf(ProgramFolder() / file));
+    Write(R"(\app\)" + ReplaceFirst(file, "/", R"(\)"), BytesOf(std::filesystem::path(QB_LANGUAGES) / file));
     gInterfaceLanguage = language;
     QBL_InitLanguage(R"(\app)", "QuillbankTranslator", "", language);
   }

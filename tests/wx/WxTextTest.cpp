@@ -5,11 +5,6 @@
 namespace qb {
 namespace {
 
-TEST(WxTextTest, ShownPath_KeptPath_SwapTheSeparatorsOnly) {
-  EXPECT_EQ(ShownPath(R"(\home\ü\a/b.pxf)"), R"(/home/ü/a\b.pxf)");
-  EXPECT_EQ(KeptPath(R"(/home/ü/a\b.pxf)"), R"(\home\ü\a/b.pxf)");
-}
-
 TEST(WxTextTest, ToWx_FromWx_ComeBackUnchanged) {
   EXPECT_EQ(FromWx(ToWx("Öffnen 開く 🙂")), "Öffnen 開く 🙂");
   EXPECT_EQ(FromWx(ToWx("")), "");

@@ -117,7 +117,10 @@ void Win32FileSystem::SetAttributes(std::string_view path, unsigned attributes) 
 std::string Win32FileSystem::ProgramDirectory() {
   std::wstring name(32768, L'\0');
   name.resize(GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())));
-  return paths_.Windows(FolderOf(name));
+  std::string directory = paths_.Windows(FolderOf(name));
+  // A drive that is a folder has no letter, and nothing on it may lead out to the program's own one.
+  if (paths_.HasRoot() && directory.size() > 1 && directory[1] == ':') directory.erase(0, 2);
+  return directory;
 }
 
 std::string Win32FileSystem::Resolved(std::string_view path) {

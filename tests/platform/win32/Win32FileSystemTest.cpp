@@ -138,5 +138,11 @@ TEST_F(Win32FileSystemTest, ProgramDirectory_HoldsTheProgram) {
       Win32FileSystem().Find(Win32FileSystem().ProgramDirectory() + R"(\platform_tests.exe)").has_value());
 }
 
+TEST_F(Win32FileSystemTest, ProgramDirectory_OfADriveThatIsAFolder_StandsOnThatDrive) {
+  const std::string directory = files_.ProgramDirectory();
+  EXPECT_EQ(directory, Win32FileSystem().ProgramDirectory().substr(2));
+  EXPECT_FALSE(files_.Find(directory + R"(\platform_tests.exe)").has_value());
+}
+
 }  // namespace
 }  // namespace qb

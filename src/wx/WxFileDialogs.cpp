@@ -6,16 +6,13 @@
 #include <algorithm>
 #include <cctype>
 
+#include "platform/ChosenFiles.h"
 #include "runtime/Text.h"
-#include "wx/WxMessageBoxes.h"
 #include "wx/WxText.h"
 #include "wx/WxToolkit.h"
 
 namespace qb {
 namespace {
-
-constexpr std::size_t kLongestName = 2047;
-constexpr std::size_t kNamesInBox = 10;
 
 std::string ToolkitPattern(std::string_view pattern) {
 #ifdef __WXGTK__
@@ -36,7 +33,7 @@ std::string ToolkitPattern(std::string_view pattern) {
 }
 
 std::string Cut(const std::string& name) {
-  return std::string(FirstCharacters(name, kLongestName));
+  return std::string(FirstCharacters(name, kLongestChoice));
 }
 
 long Style(const OpenFileRecord& record) {
@@ -44,10 +41,6 @@ long Style(const OpenFileRecord& record) {
   if ((record.flags & openfile::kFileMustExist) != 0) style |= wxFD_FILE_MUST_EXIST;
   if ((record.flags & openfile::kAllowMultiSelect) != 0) style |= wxFD_MULTIPLE;
   return style;
-}
-
-bool HoldsBlank(std::string_view text) {
-  return text.find(' ') != std::string_view::npos;
 }
 
 /// What the user has chosen.
@@ -66,19 +59,6 @@ struct Choice {
   std::vector<std::string> names;
 };
 
-void SayNotTaken(const Choice& choice, const std::vector<std::string>& notTaken) {
-  std::string text = "These files of '" + ShownPath(choice.directory) + "' cannot be taken together:\r\n\r\n";
-  for (std::size_t i = 0; i < notTaken.size() && i < kNamesInBox; ++i) text += notTaken[i] + "\r\n";
-  if (notTaken.size() > kNamesInBox) text += "...\r\n";
-  text +=
-      "\r\nSeveral files at once must have no blank in their names or their folder, and must not be too "
-      "many.";
-  MessageBoxRequest request;
-  request.text = text;
-  request.style = box::kExclamation;
-  WxMessageBoxes().Show(request);
-}
-
 /// Lets the user choose until the choice can be given. False when cancelled.
 bool Choose(wxFileDialog& dialog, Choice& choice) {
   while (dialog.ShowModal() == wxID_OK) {
@@ -86,31 +66,13 @@ bool Choose(wxFileDialog& dialog, Choice& choice) {
     if (choice.names.size() < 2) return true;
     const std::vector<std::string> notTaken = NamesThatCannotBeJoined(choice.directory, choice.names);
     if (notTaken.empty()) return true;
-    SayNotTaken(choice, notTaken);
+    TellNamesThatCannotBeJoined(ShownPath(choice.directory), notTaken);
     dialog.SetDirectory(ToWx(ShownPath(choice.directory)));
   }
   return false;
 }
 
 }  // namespace
-
-std::string JoinedNames(std::string_view directory, const std::vector<std::string>& names) {
-  std::string text(directory);
-  for (const std::string& name : names) text += " " + name;
-  return text;
-}
-
-std::vector<std::string> NamesThatCannotBeJoined(std::string_view directory,
-                                                 const std::vector<std::string>& names) {
-  if (HoldsBlank(directory)) return names;
-  std::vector<std::string> refused;
-  std::size_t length = CharacterCount(directory);
-  for (const std::string& name : names) {
-    length += 1 + CharacterCount(name);
-    if (HoldsBlank(name) || length > kLongestName) refused.push_back(name);
-  }
-  return refused;
-}
 
 std::string ToolkitFilter(std::string_view pairs) {
   std::string filter;

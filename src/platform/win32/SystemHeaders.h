@@ -7,6 +7,7 @@
 #include <windows.h>
 #include <aclapi.h>
 #include <commdlg.h>
+#include <cderr.h>
 #include <shellapi.h>
 // clang-format on
 

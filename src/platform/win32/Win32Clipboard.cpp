@@ -21,7 +21,8 @@ HGLOBAL Memory(const void* bytes, std::size_t size) {
 }  // namespace
 
 void Win32Clipboard::SetText(std::string_view text, std::int16_t format) {
-  if (OpenClipboard(nullptr) == FALSE) return;
+  // It is taken over for a window: for none, Windows need not keep what is set.
+  if (OpenClipboard(GetActiveWindow()) == FALSE) return;
   EmptyClipboard();
   Win32TextCodec codec;
   // The text format is given as UTF-16, from which the system makes the bytes of any program's code page.

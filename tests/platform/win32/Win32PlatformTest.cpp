@@ -9,7 +9,9 @@
 #include "platform/win32/Win32Clipboard.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32Environment.h"
+#include "platform/win32/Win32FileDialogs.h"
 #include "platform/win32/Win32TextCodec.h"
+#include "runtime/RuntimeError.h"
 
 namespace qb {
 namespace {
@@ -68,6 +70,25 @@ TEST(Win32Clipboard, SetText_ReplacesWhatWasThere) {
   const std::wstring text = memory != nullptr ? static_cast<const wchar_t*>(GlobalLock(memory)) : L"";
   CloseClipboard();
   EXPECT_EQ(text, L"Gr\u00F6\u00DFe");
+}
+
+TEST(Win32FileDialogs, Cancelled_IsNoFailure) {
+  RaiseDialogFailure(0);
+}
+
+TEST(Win32FileDialogs, FailedDialog_RaisesWhatItsCodeMeans) {
+  const auto raised = [](std::uint32_t code) {
+    try {
+      RaiseDialogFailure(code);
+    } catch (const RuntimeError& error) {
+      return std::to_string(error.Number()) + ": " + error.Description();
+    }
+    return std::string("nothing");
+  };
+  EXPECT_EQ(raised(FNERR_BUFFERTOOSMALL), "5: These files are too many to be taken together");
+  EXPECT_EQ(raised(FNERR_INVALIDFILENAME), "75: The name of the file is not valid");
+  EXPECT_EQ(raised(CDERR_MEMALLOCFAILURE), "7: Out of memory");
+  EXPECT_EQ(raised(CDERR_DIALOGFAILURE), "5: The file dialog failed with the code 0xffff");
 }
 
 TEST(Win32Platform, Make_BringsAllButTheToolkitsParts) {

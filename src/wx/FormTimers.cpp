@@ -1,6 +1,7 @@
 #include "wx/FormTimers.h"
 
 #include "wx/KeepAlive.h"
+#include "wx/WxToolkit.h"
 
 namespace qb {
 
@@ -22,7 +23,9 @@ void FormTimers::Stop() {
 void FormTimers::Ticker::Notify() {
   // A copy: a tick may unload the form, and this with it.
   const std::function<void()> tick = timer_.Tick;
-  if (timer_.Enabled && tick && !IsKeptAlive()) tick();
+  if (!timer_.Enabled || !tick || IsKeptAlive()) return;
+  tick();
+  DrawChanges();
 }
 
 void FormTimers::Ticker::Follow() {

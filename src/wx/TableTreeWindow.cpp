@@ -146,6 +146,8 @@ void TableTreeWindow::ColumnsChanged() {
 void TableTreeWindow::TakeModelAway() {
   if (firstShown_ == nullptr) firstShown_ = TableTreeModel::NodeOf(view_->GetTopItem());
   applying_ = true;
+  // Where the view is drawn, it would keep the numbers of rows that are gone.
+  view_->UnselectAll();
   view_->AssociateModel(nullptr);
   applying_ = false;
   hasModel_ = false;

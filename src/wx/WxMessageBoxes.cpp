@@ -80,6 +80,7 @@ int WxMessageBoxes::Show(const MessageBoxRequest& request) {
   if ((request.style & box::kSecondButtonDefault) != 0 && (buttons & wxNO) != 0) style |= wxNO_DEFAULT;
   const std::string title = request.title.value_or(std::string(kProductName));
   wxString text = ToWx(request.text);
+  DrawChanges();
   text.Replace("\r\n", "\n");  // the toolkit takes each of the two for the end of a line
   Box dialog(ParentForDialogs(), text, ToWx(title), style);
   dialog.Bind(wxEVT_INIT_DIALOG, [&dialog](wxInitDialogEvent& event) {

@@ -32,6 +32,19 @@ struct RetiredWindow : wxObject {
   std::unique_ptr<FormWindow> window;
 };
 
+/// The dialogs that a platform has brought, in front of windows that are up to date.
+class PlatformFileDialogs : public FileDialogs {
+ public:
+  explicit PlatformFileDialogs(std::unique_ptr<FileDialogs> dialogs) : dialogs_(std::move(dialogs)) {}
+  bool GetOpenFileName(OpenFileRecord& record) override {
+    DrawChanges();
+    return dialogs_->GetOpenFileName(record);
+  }
+
+ private:
+  std::unique_ptr<FileDialogs> dialogs_;
+};
+
 }  // namespace
 
 WxToolkit::WxToolkit() {
@@ -186,9 +199,17 @@ wxWindow* ParentForDialogs() {
   return nullptr;
 }
 
+void DrawChanges() {
+  if (auto* toolkit = dynamic_cast<WxToolkit*>(&TheToolkit())) toolkit->ApplyAllChanges();
+}
+
 void AddWxDesktop(Platform& platform) {
   platform.messageBoxes = std::make_unique<WxMessageBoxes>();
-  if (!platform.fileDialogs) platform.fileDialogs = std::make_unique<WxFileDialogs>();
+  if (platform.fileDialogs) {
+    platform.fileDialogs = std::make_unique<PlatformFileDialogs>(std::move(platform.fileDialogs));
+  } else {
+    platform.fileDialogs = std::make_unique<WxFileDialogs>();
+  }
   if (!platform.clipboard) platform.clipboard = std::make_unique<WxClipboard>();
   platform.mousePointer = std::make_unique<WxMousePointer>();
 }

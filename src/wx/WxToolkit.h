@@ -29,6 +29,9 @@ class WxToolkit : public Toolkit {
   ScreenArea WorkArea() override;
   [[noreturn]] void EndProcess() override;
 
+  /// Brings all windows up to what their forms hold now.
+  void ApplyAllChanges();
+
   /// Asks every shown form to go since the session ends.
   void EndSession();
 
@@ -36,7 +39,6 @@ class WxToolkit : public Toolkit {
   FormWindow* Find(const Form& form);
   FormWindow* FindOrMake(Form& form);
   void Retire(const Form& form);
-  void ApplyAllChanges();
   void ApplyFocus();
 
   std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
@@ -46,6 +48,10 @@ class WxToolkit : public Toolkit {
 /// The window that boxes and dialogs stand in front of: the active one, else the last that is shown; null if
 /// there is none.
 wxWindow* ParentForDialogs();
+
+/// Brings all windows up to date now. The system's own dialogs run a loop of their own, in which nothing
+/// would do so.
+void DrawChanges();
 
 /// Fills in the desktop's half of a platform: message boxes, file dialogs, clipboard and mouse pointer.
 void AddWxDesktop(Platform& platform);

@@ -4,19 +4,33 @@ import json
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 import tempfile
 import unittest
 
-QBT = os.environ["QB_QBT"]
+# The program, behind what it takes to start one of another platform.
+QBT = [*shlex.split(os.environ.get("QB_RUNNER", "")), os.environ["QB_QBT"]]
+ON_WINDOWS = QBT[-1].endswith(".exe")
 EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+
+
+def native(path):
+    """A path of the package as the program shows it."""
+    return path.replace("/", "\\") if ON_WINDOWS else path
+
+
+def text_of(output):
+    """What a program wrote, with the line ends of its platform taken off."""
+    text = output.decode()
+    return text.replace("\r\n", "\n") if ON_WINDOWS else text
 
 
 class Result:
     def __init__(self, process):
         self.code = process.returncode
-        self.out = process.stdout.decode()
-        self.err = process.stderr.decode()
+        self.out = text_of(process.stdout)
+        self.err = text_of(process.stderr)
 
     def json(self):
         return json.loads(self.out)
@@ -65,7 +79,7 @@ class QbtTest(unittest.TestCase):
 
     def qbt(self, *arguments, cwd=None, input=None):
         """`input` None: nobody is there to answer."""
-        process = subprocess.run([QBT, *map(str, arguments)], cwd=cwd or self.folder, env=self.environment(),
+        process = subprocess.run([*QBT, *map(str, arguments)], cwd=cwd or self.folder, env=self.environment(),
                                  input=(input or "").encode(), capture_output=True, timeout=120)
         return Result(process)
 

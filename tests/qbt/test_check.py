@@ -4,8 +4,10 @@ import os
 import re
 import unittest
 
-from qbt_process import QbtTest, document, package_text, with_length
+from qbt_process import ON_WINDOWS, QbtTest, document, package_text, native, with_length
 
+# As the program names it.
+PACKAGE = r"Z:\\.*\\Trans\.pxf" if ON_WINDOWS else r"/.*/Trans\.pxf"
 DONE = {"progress": "COMPLETE", "state": "MODIFIED"}
 
 
@@ -52,7 +54,7 @@ class Check(QbtTest):
         self.file.write_bytes(with_length(self.changed("ROLE=DST_CURR", "ROLE=NONE")).encode())
         result = self.qbt("check")
         self.assertEqual(1, result.code)
-        self.assertRegex(result.out, r"(?m)^/.*/Trans\.pxf:\d+: error: TWO: unknown ROLE NONE.*\[role-unknown\]$")
+        self.assertRegex(result.out, rf"(?m)^{PACKAGE}:\d+: error: TWO: unknown ROLE NONE.*\[role-unknown\]$")
 
     def test_warningsFailOnlyWhenAskedTo(self):
         self.write("dst/one/more.gif")
@@ -189,7 +191,7 @@ class Check(QbtTest):
 
     def test_missingFiles(self):
         (self.folder / "dst/two/page.gif").unlink()
-        self.assertIn("dst/two/page.gif", self.expect("file-missing", self.text, "1FILE_NAME2=page.gif"))
+        self.assertIn(native("dst/two/page.gif"), self.expect("file-missing", self.text, "1FILE_NAME2=page.gif"))
 
     def test_filesAreFoundInAnyCase(self):
         (self.folder / "dst/two/page.gif").rename(self.folder / "dst/two/PAGE.Gif")
@@ -201,7 +203,7 @@ class Check(QbtTest):
 
     def test_filesThatNobodyLists(self):
         self.write("dst/two/spare.gif")
-        self.assertIn("dst/two/spare.gif", self.expect("file-extra", self.text, severity="warning", document=None))
+        self.assertIn(native("dst/two/spare.gif"), self.expect("file-extra", self.text, severity="warning", document=None))
 
     def test_whatTheProgramPutsBesideDocumentsIsNotExtra(self):
         for path in ("Trans.BAK", "Protocol.txt", "dst/two/BAK/page.gif", "dst/two/page.htm.ttx"):

@@ -93,7 +93,7 @@ class Marks(Changing):
 
     def test_theSettingsOfTheWindowStayAsTheyAre(self):
         self.qbt("mark", "BEGUN", "completed")
-        self.assertFalse(self.config.exists())
+        self.assertFalse((self.config / "quillbank-translator").exists())
 
     def test_aDocumentThatSomebodyHasOpenIsTold(self):
         self.write_package(package_text(document(1, "OUT", "OPENUNCHANGED_C_UNCHANGED_T", "INCOMPLETE"),
@@ -109,7 +109,7 @@ class AtATerminal(Changing):
     def play(self, answer, *arguments):
         """Runs qbt with a terminal of its own, on which `answer` is typed when a question is up."""
         mine, its = pty.openpty()
-        process = subprocess.Popen([QBT, *arguments], cwd=self.folder, env=self.environment(), stdin=its,
+        process = subprocess.Popen([*QBT, *arguments], cwd=self.folder, env=self.environment(), stdin=its,
                                    stdout=subprocess.PIPE, stderr=its)
         os.close(its)
         screen = b""
@@ -191,7 +191,7 @@ class Editors(Changing):
         end = self.root / "end"
         self.use_editor(f'exec > /dev/null 2>&1\necho $$ > "{begun}.new"; mv "{begun}.new" "{begun}"\n'
                         f'while [ ! -e "{end}" ]; do sleep 0.05; done\nrm "{begun}"\n')
-        process = subprocess.Popen([QBT, "translate", "SCRIPT", "OTHER"], cwd=self.folder, env=self.environment(),
+        process = subprocess.Popen([*QBT, "translate", "SCRIPT", "OTHER"], cwd=self.folder, env=self.environment(),
                                    stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         while not begun.exists():
             self.assertIsNone(process.poll())

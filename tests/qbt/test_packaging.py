@@ -53,7 +53,7 @@ class Completion(QbtTest):
         """What is offered for the last of the words."""
         script = (f'source "{COMPLETION}"; compopt() {{ :; }}; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _qbt; '
                   'printf "%s\\n" "${COMPREPLY[@]}"')
-        result = subprocess.run(["bash", "-c", script, "bash", QBT, *words], cwd=self.folder, env=self.environment(),
+        result = subprocess.run(["bash", "-c", script, "bash", QBT[-1], *words], cwd=self.folder, env=self.environment(),
                                 capture_output=True, timeout=60)
         self.assertEqual(b"", result.stderr)
         return result.stdout.decode().split()

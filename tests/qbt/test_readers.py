@@ -3,7 +3,7 @@
 import shutil
 import unittest
 
-from qbt_process import EXAMPLES, QbtTest, document, package_text
+from qbt_process import EXAMPLES, QbtTest, document, package_text, native
 
 
 class Readers(QbtTest):
@@ -55,10 +55,10 @@ class Readers(QbtTest):
     def test_showTellsVersionsAndFiles(self):
         shown = self.qbt("show", "BEGUN", "--json").json()["documents"][0]
         self.assertEqual(["DST_CURR", "SRC_CURR"], [each["role"] for each in shown["versions"]])
-        self.assertEqual([{"name": "page.htm", "path": "dst/begun/page.htm", "primary": True},
-                          {"name": "page.gif", "path": "dst/begun/page.gif", "primary": False}],
+        self.assertEqual([{"name": "page.htm", "path": native("dst/begun/page.htm"), "primary": True},
+                          {"name": "page.gif", "path": native("dst/begun/page.gif"), "primary": False}],
                          shown["versions"][0]["files"])
-        self.assertIn("dst/begun/page.gif", self.qbt("show", "BEGUN").out)
+        self.assertIn(native("dst/begun/page.gif"), self.qbt("show", "BEGUN").out)
 
     def test_severalDocumentsAreShownInTheirOrder_EachOnce(self):
         result = self.qbt("show", "OUT", "1", "GUID4", "--json").json()
@@ -81,7 +81,7 @@ class Readers(QbtTest):
         for arguments in (["list"], ["show", "1"], ["status"], ["check"], ["list", "--json"], ["check", "--json"]):
             self.qbt(*arguments)
         self.assertEqual(before, self.tree())
-        self.assertFalse(self.config.exists())
+        self.assertFalse((self.config / "quillbank-translator").exists())
 
     def test_aWriteProtectedPackageIsRead(self):
         self.file.chmod(0o444)
@@ -118,6 +118,19 @@ class Readers(QbtTest):
         russian = text.replace("DSTLANGUAGE=EN", "DSTLANGUAGE=RU").replace("Größe", "@").encode("cp1251")
         self.file.write_bytes(russian.replace(b"@", "Размер".encode("cp1251")))
         self.assertEqual("Размер", self.qbt("list", "--json").json()["documents"][0]["title"])
+
+    def test_aPackageInAFolderOfForeignLetters_IsRead_AndWritten(self):
+        folder = self.root / "Größe 日本"
+        shutil.copytree(self.folder, folder)
+        for package in (folder, folder / "Trans.pxf"):
+            self.assertEqual(5, self.qbt("status", "--json", "-p", package, cwd=self.root).json()["documents"])
+        missing = self.qbt("-p", folder / "Other.pxf", "list", cwd=self.root)
+        self.assertIn(f"{folder.name}/Other.pxf does not exist", missing.err)
+        (folder / "neu für.htm").write_text("new")
+        result = self.qbt("assign", "BEGUN", "neu für.htm", cwd=folder)
+        self.assertEqual((0, ""), (result.code, result.err.split("qbt: OUT")[0]), result.err)
+        self.assertEqual("new", (folder / "dst/begun/page.htm").read_text())
+        self.assertIn("neu für.htm", self.qbt("check", cwd=folder).out)
 
     def test_theSamplesAreRead(self):
         result = self.qbt("-p", EXAMPLES / "translation", "list", "--json").json()

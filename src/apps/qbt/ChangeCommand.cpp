@@ -27,11 +27,11 @@ std::vector<std::string> ChosenFiles(const std::vector<std::string>& given) {
   std::vector<std::string> files;
   for (const std::string& file : given) {
     std::error_code failed;
-    if (!std::filesystem::is_regular_file(file, failed)) {
+    if (!std::filesystem::is_regular_file(NativePath(file), failed)) {
       throw CommandFailure(exitcode::kUnreadable,
                            file + (failed ? ": " + failed.message() : " is not a file"));
     }
-    files.push_back(KeptPath(file));
+    files.push_back(KeptPath(NativePath(file)));
   }
   return files;
 }

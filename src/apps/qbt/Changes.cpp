@@ -179,15 +179,15 @@ void RequireFilesForAll(const std::vector<std::string>& files) {
     throw CommandFailure(exitcode::kUsage, "all files of a translation are replaced by two files or more");
   }
   const auto folderOf = [](const std::string& file) {
-    const std::string kept = KeptPath(file);
+    const std::string kept = KeptPath(NativePath(file));
     return kept.substr(0, kept.rfind('\\'));
   };
   for (const std::string& file : files) {
-    if (KeptPath(file).find(' ') != std::string::npos) {
+    if (KeptPath(NativePath(file)).find(' ') != std::string::npos) {
       throw CommandFailure(exitcode::kUsage,
                            fmt::format("{} has a blank in its path, which this command cannot "
                                        "take",
-                                       ShownPath(KeptPath(file))));
+                                       ShownPath(KeptPath(NativePath(file)))));
     }
     if (folderOf(file) != folderOf(files.front())) {
       throw CommandFailure(exitcode::kUsage, "the files must stand in one folder");

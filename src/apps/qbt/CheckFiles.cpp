@@ -24,7 +24,7 @@ class FileCheck {
       : contents_(contents),
         source_(contents.Source()),
         findings_(findings),
-        folder_(ShownPath(DirectoryOf(source_.Path()))) {
+        folder_(NativePath(ShownPath(DirectoryOf(source_.Path())))) {
     package_.Init(source_.Path());
   }
 

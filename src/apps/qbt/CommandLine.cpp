@@ -28,6 +28,8 @@ class Grammar {
   explicit Grammar(CommandLine& line) : line_(line) {
     app_.set_version_flag("--version", "qbt " + ProductVersion());
     app_.set_help_flag("-h,--help", "Show this help and end");
+    // What starts with `/` is a path on every platform.
+    app_.allow_windows_style_options(false);
     app_.require_subcommand(1);
     app_.footer(kFooter);
     AddCommonOptions(app_);

@@ -30,9 +30,9 @@ fs::path WithoutLastSeparator(const fs::path& path) {
 }
 
 fs::path TargetFolder(const CommandLine& line, const fs::path& sources) {
-  if (!line.targetFolder.empty()) return WithoutLastSeparator(line.targetFolder);
+  if (!line.targetFolder.empty()) return WithoutLastSeparator(NativePath(line.targetFolder));
   fs::path target = sources;
-  target += "-" + LowerCase(line.targetLanguage);
+  target += NativePath("-" + LowerCase(line.targetLanguage));
   return target;
 }
 
@@ -68,7 +68,8 @@ void CopyDocuments(const NewPackage& package, const fs::path& sources, const fs:
     terminal.DrawProgress(i, package.documents.size(), document.files.front());
     for (const std::string& file : document.files) {
       for (const char* folder : {kSources, kTranslations}) {
-        CopyFile(sources / document.folder / file, target / folder / document.folder / file);
+        const fs::path place = document.folder / NativePath(file);
+        CopyFile(sources / place, target / folder / place);
       }
     }
   }
@@ -80,7 +81,7 @@ void RequireDistinctNames(const std::vector<SourceDocument>& documents) {
   std::map<std::string, fs::path> seen;
   for (const SourceDocument& document : documents) {
     for (const std::string& file : document.files) {
-      const fs::path path = document.folder / file;
+      const fs::path path = document.folder / NativePath(file);
       const auto [known, isNew] = seen.emplace(LowerCase(path.string()), path);
       if (isNew) continue;
       throw CommandFailure(exitcode::kUsage,
@@ -93,7 +94,7 @@ void RequireDistinctNames(const std::vector<SourceDocument>& documents) {
 }  // namespace
 
 int RunNew(const CommandLine& line, Terminal& terminal) {
-  const fs::path sources = WithoutLastSeparator(line.folder);
+  const fs::path sources = WithoutLastSeparator(NativePath(line.folder));
   std::error_code failed;
   if (!fs::is_directory(sources, failed)) {
     throw CommandFailure(exitcode::kUnreadable, fmt::format("{} is no folder", sources.string()));

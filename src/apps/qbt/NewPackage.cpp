@@ -60,11 +60,11 @@ class TechnicalNames {
  private:
   /// Each name once, the shortest first.
   static std::vector<std::string> Candidates(const SourceDocument& document) {
-    const fs::path file = document.files.front();
+    const fs::path file = NativePath(document.files.front());
     const fs::path place =
         document.folder.filename() == file.stem() ? document.folder : document.folder / file.stem();
     std::vector<std::string> names{TechnicalWord(file.stem()), TechnicalWord(place),
-                                   TechnicalWord(place.string() + file.extension().string())};
+                                   TechnicalWord(fs::path(place) += file.extension())};
     names.erase(std::unique(names.begin(), names.end()), names.end());
     return names;
   }
@@ -119,7 +119,7 @@ void WriteVersion(PackageWriter& writer, const SourceDocument& document, int num
   writer.Key(key("ROLE"), isTarget ? "DST_CURR" : "SRC_CURR");
   writer.Key(key("PATH"), KeptRelativePath(folder));
   writer.Key(key("STATE"), isTarget ? "UNCHANGED" : "READONLY");
-  writer.Key(key("DOCUMENT_FORMAT"), KindOf(document.files.front()).format);
+  writer.Key(key("DOCUMENT_FORMAT"), KindOf(NativePath(document.files.front())).format);
   writer.Key(key("DESCRIPTION"), "");
   writer.Key(key("PROPSECTION"), fmt::format("ADD{}", list));
   writer.Number(key("FILE_COUNT"), document.files.size());
@@ -166,7 +166,7 @@ std::string PackageText(const NewPackage& package) {
     writer.Key("LOIO", NewGuid());
     writer.Key("CLASS", "DOCUMENT");
     writer.Key("RVD_TECH_NAME", names.NameFor(document));
-    writer.Key("PROCESS", KindOf(document.files.front()).process);
+    writer.Key("PROCESS", KindOf(NativePath(document.files.front())).process);
     writer.Number("MASTER", 1);
     writer.Number("SEQNR1", i);
     writer.Number("SEQNR2", 0);
@@ -175,7 +175,7 @@ std::string PackageText(const NewPackage& package) {
     WriteVersion(writer, document, 2, i * 2);
   }
   for (std::size_t i = 1; i <= package.documents.size(); ++i) {
-    const std::string title = fs::path(package.documents[i - 1].files.front()).stem().string();
+    const std::string title = NativePath(package.documents[i - 1].files.front()).stem().string();
     WriteTitle(writer, title, i * 2 - 1);
     WriteTitle(writer, title, i * 2);
   }

@@ -57,6 +57,10 @@ std::filesystem::path OnlyPackageIn(const std::filesystem::path& folder) {
 
 }  // namespace
 
+std::filesystem::path NativePath(std::string_view text) {
+  return std::u8string(text.begin(), text.end());
+}
+
 std::string KeptPath(const std::filesystem::path& native) {
   return WithSwappedSeparators(std::filesystem::absolute(native).lexically_normal().string());
 }
@@ -70,7 +74,7 @@ std::string ShownPath(std::string_view kept) {
 }
 
 std::string FindPackage(const std::string& given) {
-  const std::filesystem::path path = given.empty() ? "." : given;
+  const std::filesystem::path path = NativePath(given.empty() ? "." : given);
   std::error_code failed;
   if (std::filesystem::is_directory(path, failed)) return KeptPath(OnlyPackageIn(path));
   if (!std::filesystem::exists(path, failed)) {

@@ -6,6 +6,9 @@
 
 namespace qb {
 
+/// The path that a text names. A path made of a text itself is read in a code page on Windows, where texts
+/// are UTF-8.
+std::filesystem::path NativePath(std::string_view text);
 /// A path of the machine as the program keeps it, absolute and with `\`, and as a user reads it.
 std::string KeptPath(const std::filesystem::path& native);
 /// A path from some folder on, which stays so.

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "apps/qbt/ExitCode.h"
+#include "apps/qbt/PackageArgument.h"
 #include "runtime/Text.h"
 
 namespace qb {
@@ -84,7 +85,7 @@ SourceDocument& OwnerOf(const std::string& file, std::vector<SourceDocument>& do
   SourceDocument* owner = &documents.front();
   std::size_t longest = 0;
   for (SourceDocument& document : documents) {
-    const std::string stem = fs::path(document.files.front()).stem().string();
+    const std::string stem = NativePath(document.files.front()).stem().string();
     if (stem.size() > longest && file.starts_with(stem)) {
       owner = &document;
       longest = stem.size();
@@ -94,7 +95,7 @@ SourceDocument& OwnerOf(const std::string& file, std::vector<SourceDocument>& do
 }
 
 bool IsPage(const SourceDocument& document) {
-  const std::string extension = ExtensionOf(document.files.front());
+  const std::string extension = ExtensionOf(NativePath(document.files.front()));
   return extension != "CSS" && extension != "JS";
 }
 
@@ -112,13 +113,13 @@ std::vector<SourceDocument> FindSourceDocuments(const fs::path& folder, std::vec
   for (const auto& [path, names] : FilesByFolder(folder, passedOver)) {
     std::vector<SourceDocument> documents;
     for (const std::string& name : names) {
-      if (FindKind(ExtensionOf(name)) != nullptr) documents.push_back({path, {name}});
+      if (FindKind(ExtensionOf(NativePath(name))) != nullptr) documents.push_back({path, {name}});
     }
     // Pages come first, since pictures and the like belong to them rather than to their style sheets.
     std::stable_partition(documents.begin(), documents.end(), IsPage);
     const bool onlyFurther = documents.empty();
     for (const std::string& name : names) {
-      if (FindKind(ExtensionOf(name)) != nullptr) continue;
+      if (FindKind(ExtensionOf(NativePath(name))) != nullptr) continue;
       if (onlyFurther) {
         documents.push_back({path, {name}});
       } else {

@@ -80,7 +80,7 @@ WorkbenchSession::WorkbenchSession(const CommandLine& line, Terminal& terminal, 
       std::vector<std::pair<std::string, std::string>>{
           {"ViewDetailed", "0"},
           {"Trace", line.trace.empty() ? "0" : "1"},
-          {"TraceFile", line.trace.empty() ? std::string() : KeptPath(line.trace)}});
+          {"TraceFile", line.trace.empty() ? std::string() : KeptPath(NativePath(line.trace))}});
   InstallToolkit(std::move(toolkit));
   UntilEnd([&] { Main(package); });
   const CommandOutcome& opening = boxes_->Outcome;

@@ -6,8 +6,9 @@
 #include <fstream>
 #include <string>
 
-// A small editor, for the tests: shows the name of one file in the title of its window. The key S puts a text
-// behind the file's end, the key W closes the window and with it the program. Usage: small_editor.exe <file>
+// A small editor, for the tests: shows the verb it was started by and the name of one file in the title of
+// its window. The key S puts a text behind the file's end, the key W closes the window and with it the
+// program. Usage: small_editor.exe <verb> <file>
 
 namespace {
 
@@ -32,8 +33,9 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM secon
 int main() {
   int count = 0;
   LPWSTR* const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  if (count < 2) return 2;
-  document = arguments[1];
+  if (count < 3) return 2;
+  const std::wstring verb = arguments[1];
+  document = arguments[2];
   LocalFree(arguments);
 
   WNDCLASSW windowClass{};
@@ -41,7 +43,7 @@ int main() {
   windowClass.lpszClassName = L"SmallEditor";
   windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
   RegisterClassW(&windowClass);
-  const std::wstring title = L"Small editor: " + document.filename().wstring();
+  const std::wstring title = verb + L": " + document.filename().wstring();
   const HWND window =
       CreateWindowW(windowClass.lpszClassName, title.c_str(), WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT,
                     CW_USEDEFAULT, 480, 240, nullptr, nullptr, nullptr, nullptr);

@@ -1,5 +1,6 @@
 """The Windows machine that Wine plays for the tests: programs, paths, registry, and windows on the display at hand."""
 
+import atexit
 import os
 import pathlib
 import subprocess
@@ -15,6 +16,17 @@ PROGRAM = os.environ["QB_TRANSLATOR"]
 EDITOR = os.environ["QB_SMALL_EDITOR"]
 SETTINGS = r"HKEY_CURRENT_USER\Software\ORB\Quillbank\Quillbank Translator"
 CLASSES = "HKEY_CLASSES_ROOT"  # Wine does not look into the user's own classes
+
+
+def shut_down():
+    """Ends what runs on the machine. Its desktop stands on one display, and the next test has another."""
+    for option in ("-k", "-w"):
+        subprocess.run(["wineserver", option], env={**os.environ, "WINEPREFIX": PREFIX}, stderr=subprocess.DEVNULL)
+
+
+if pathlib.Path(PREFIX).exists():
+    shut_down()
+atexit.register(shut_down)
 
 
 def start(*command, folder):
@@ -53,14 +65,13 @@ def write_settings(folder, **values):
     import_registry(folder, {SETTINGS: settings})
 
 
-def associate(folder, extension, verbs):
-    """Registers a file type whose verbs start the small editor. Returns what `import_registry` undoes it with."""
+def file_type(extension, *verbs):
+    """The keys of a file type whose verbs start the small editor."""
     name = f"QuillbankTest{extension}"
-    keys = {rf"{CLASSES}\{extension}": {"": name}}
+    keys = {rf"{CLASSES}\{extension}": {"": name}, rf"{CLASSES}\{name}": {}}
     for verb in verbs:
-        keys[rf"{CLASSES}\{name}\shell\{verb}\command"] = {"": f'"{windows_path(EDITOR)}" "%1"'}
-    import_registry(folder, keys)
-    return {rf"{CLASSES}\{extension}": None, rf"{CLASSES}\{name}": None}
+        keys[rf"{CLASSES}\{name}\shell\{verb}\command"] = {"": f'"{windows_path(EDITOR)}" {verb} "%1"'}
+    return keys
 
 
 def window(title):

@@ -1,81 +1,87 @@
-"""One document goes its whole road in the real window of the Windows program, under Wine: selected, edited in another
-program that the file's type is registered with, marked, package checked. Driven by keys."""
+"""Documents go their road in the real window of the Windows program, under Wine: selected, edited in another program that
+their file types are registered with, marked, package checked."""
 
-import pathlib
-import shutil
-import tempfile
 import unittest
 
 import machine
 import desktop
 import road
+from window_case import WindowCase
 
-EXAMPLES = machine.HERE.parents[1] / "examples"
 DOCUMENT = "AQ_STIL"
 DOCUMENT_FILE = "dst/stil/stil.css"
-EDITOR = "Small editor: "
+OPEN = "OPENUNCHANGED_C_UNCHANGED_T"
 SAVED = "Saved: "
 
 
-class RoadUnderWine(unittest.TestCase):
-    def setUp(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
-        shutil.copytree(EXAMPLES / "translation", self.folder / "package")
-        self.package = self.folder / "package" / "Trans.pxf"
-        machine.write_settings(self.folder)
-        undo = machine.associate(self.folder, ".css", ["Translate", "Edit", "Open"])
-        self.addCleanup(machine.import_registry, self.folder, undo)
-        self.program = machine.start(machine.PROGRAM, machine.windows_path(self.package), folder=self.package.parent)
-        self.addCleanup(self.stop)
-        machine.wait_for_window(desktop.MAIN_WINDOW)
+class RoadUnderWine(WindowCase):
+    def send_to_editor(self, document, title):
+        """By keys; the title of the editor tells the verb that started it."""
+        self.select(document)
+        desktop.keys("ctrl+t")
+        machine.wait_for_window(title)
 
-    def stop(self):
-        if self.program.poll() is None:
-            self.program.kill()
-        self.program.wait()
-
-    def keys(self, *names):
-        machine.activate(desktop.MAIN_WINDOW)
-        desktop.keys(*names)
-
-    def select(self, document):
-        """Selects a document of the tree, which stand in it in the order of the package."""
-        names = [line.partition("=")[2] for line in self.package.read_text("cp1252").splitlines()
-                 if line.startswith("RVD_TECH_NAME=")]
-        self.keys("Home", *["Down"] * (names.index(document) + 1))
-
-    def progress(self, state):
-        road.wait_for_progress(self.package, DOCUMENT, state)
+    def close_editor(self, title):
+        machine.activate(title)
+        desktop.keys("w")
+        desktop.wait_until(lambda: not machine.window(title), "end of the editor")
 
     def test_document_is_translated_completed_and_the_package_says_so(self):
+        self.register(machine.file_type(".css", "Translate", "Edit", "Open"))
+        self.start_with_sample()
         document = self.package.parent / DOCUMENT_FILE
         before = document.read_bytes()
         desktop.picture("windows-road-1-opened")
-        self.select(DOCUMENT)
-        desktop.keys("ctrl+t")
-        self.progress("OPENUNCHANGED_C_UNCHANGED_T")
-        machine.activate(EDITOR)
+        self.send_to_editor(DOCUMENT, "Translate: stil.css")
+        self.wait_for_progress(DOCUMENT, OPEN)
         desktop.picture("windows-road-2-in-editor")
         road.wait_for_next_second()
+        machine.activate("Translate: stil.css")
         desktop.keys("s")
         machine.wait_for_window(SAVED)
-        desktop.keys("w")
-        desktop.wait_until(lambda: not machine.window(SAVED), "end of the editor")
+        self.close_editor(SAVED)
         self.keys("F5")
-        self.progress("MODIFIED_C_UNCHANGED_T")
+        self.wait_for_progress(DOCUMENT, "MODIFIED_C_UNCHANGED_T")
         desktop.picture("windows-road-3-changed")
         self.keys("F4")
-        self.progress("COMPLETE")
+        self.wait_for_progress(DOCUMENT, "COMPLETE")
         desktop.picture("windows-road-4-completed")
-        self.keys("ctrl+q")
-        desktop.wait_until(lambda: self.program.poll() is not None, "end of the program")
-        self.assertEqual(self.program.returncode, 0)
-        self.assertEqual(road.package_value(self.package, "PROGRESS", DOCUMENT), "COMPLETE")
+        self.quit()
+        self.assertEqual(self.value("PROGRESS", DOCUMENT), "COMPLETE")
         self.assertEqual(document.read_bytes(), before + road.WORDS.encode())
         self.assertTrue(self.package.with_suffix(".BAK").exists())
         protocol = (self.package.parent / "Protocol.txt").read_text("cp1252")
         self.assertIn("Setting status to 'completed': ", protocol)
+
+    def test_each_type_is_opened_by_the_first_verb_that_it_has_and_a_table_of_contents_as_text(self):
+        self.register(machine.file_type(".js", "Edit", "Open"))
+        self.register(machine.file_type(".xml", "Open"))
+        self.register(machine.file_type(".htm", "Translate", "Edit", "Open"))
+        self.start_with_sample()
+        editors = {"AQ_RECHNER": "Edit: rechner.js", "AQ40_DATEN": "Open: daten.xml", "AQ_INHALT": "Open: inhalt.htm"}
+        before = {document: self.value("PROGRESS", document) for document in editors}
+        for document, title in editors.items():
+            self.send_to_editor(document, title)
+        desktop.picture("windows-road-5-verbs")
+        self.wait_for_progress("AQ_INHALT", OPEN)
+        for title in editors.values():
+            self.close_editor(title)
+        self.keys("F5")
+        for document in editors:
+            self.wait_for_progress(document, before[document])
+        self.quit()
+
+    def test_a_type_that_no_program_is_registered_for_stays_with_a_word(self):
+        self.register({rf"{machine.CLASSES}\.css": None})
+        self.start_with_sample()
+        self.select(DOCUMENT)
+        desktop.keys("ctrl+t")
+        machine.activate(f"{desktop.PRODUCT}$")
+        desktop.picture("windows-road-6-no-editor")
+        desktop.keys("Return")
+        desktop.wait_until(lambda: not machine.window(f"{desktop.PRODUCT}$"), "end of the box")
+        self.wait_for_progress(DOCUMENT, "UNCHANGED")
+        self.quit()
 
 
 if __name__ == "__main__":

@@ -19,9 +19,10 @@ export XDG_RUNTIME_DIR="$home/runtime" XDG_DATA_DIRS=/usr/local/share:/usr/share
 export GDK_BACKEND=x11 NO_AT_BRIDGE=0 LC_ALL=C.UTF-8
 unset DBUS_SESSION_BUS_ADDRESS WAYLAND_DISPLAY
 
-# The server says on the pipe which display it found free.
+# The server says on the pipe which display it found free. It does not start anew whenever its only client goes, which would
+# take the window manager along that is just coming.
 mkfifo "$home/display"
-Xvfb -displayfd 3 -screen 0 "${QB_SCREEN:-1280x900x24}" -nolisten tcp 3>"$home/display" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 "${QB_SCREEN:-1280x900x24}" -nolisten tcp -noreset 3>"$home/display" 2>/dev/null &
 server=$!
 read -r number <"$home/display"
 export DISPLAY=":$number"

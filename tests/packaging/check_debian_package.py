@@ -17,12 +17,18 @@ SCRATCH = tempfile.TemporaryDirectory(prefix="quillbank-package-")
 SYSTEM = pathlib.Path(SCRATCH.name) / "system"
 PROGRAM = SYSTEM / "usr" / "bin" / "quillbank-translator"
 PROGRAM_FOLDER = SYSTEM / "usr" / "lib" / "quillbank-translator"
+HAS_OFFICE = (BUILD / "bin" / "quillbank-office").exists()
+OFFICE_HELPER = PROGRAM_FOLDER / "quillbank-office"
+OFFICE = b"/usr/lib/libreoffice/program"
+WORD_DOCUMENT = "AQ40_INBETRIEBNAHME"
 HELP_TYPE = "application/vnd.ms-htmlhelp"
 
 os.environ["QB_TRANSLATOR"] = str(PROGRAM)
 sys.path.insert(0, str(ROOT / "tests" / "wx" / "window"))
 
 import desktop  # noqa: E402
+import office  # noqa: E402
+import road  # noqa: E402
 
 
 def run(*command):
@@ -80,6 +86,21 @@ def install_viewer(shown):
     run("update-desktop-database", str(applications))
 
 
+def take_office_away(helper):
+    """Installs the helper so that it looks for LibreOffice, and for its libraries, where there is none."""
+    content = helper.read_bytes()
+    assert OFFICE in content
+    OFFICE_HELPER.write_bytes(content.replace(OFFICE, OFFICE[:-1] + b"x"))
+    OFFICE_HELPER.chmod(0o755)
+
+
+def leave_libraries():
+    """The same where the libraries are installed."""
+    helper = OFFICE_HELPER.rename(OFFICE_HELPER.with_name("helper"))
+    OFFICE_HELPER.write_text(f"#!/bin/sh\nLD_LIBRARY_PATH={OFFICE.decode()} exec '{helper}' \"$@\"\n")
+    OFFICE_HELPER.chmod(0o755)
+
+
 class DebianPackage(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -128,6 +149,43 @@ class DebianPackage(unittest.TestCase):
         desktop.wait_until(lambda: program.cell("AQ_STIL"), "document of the sample package")
         self.quit(program)
         self.assertEqual(desktop.read_setting("InstallationPath"), str(PROGRAM_FOLDER).replace("/", "\\"))
+
+    def translate(self, program, document):
+        program.focus_window()
+        program.select(document)
+        desktop.keys("ctrl+t")
+
+    @unittest.skipUnless(HAS_OFFICE, "built without the office")
+    def test_installedProgramOpensADocumentInTheOffice(self):
+        self.addCleanup(office.end_all)
+        program = self.start(self.sample())
+        self.translate(program, WORD_DOCUMENT)
+        pair = office.Pair("inbetriebnahme.doc")
+        pair.close(pair.translation)
+        pair.wait_until_gone()
+        self.quit(program)
+
+    @unittest.skipUnless(HAS_OFFICE, "built without the office")
+    def test_programWorksWithoutTheOffice(self):
+        road.associate("text/css")
+        helper = OFFICE_HELPER.rename(OFFICE_HELPER.with_name("away"))
+        package = self.sample()
+        program = self.start(package)
+        self.translate(program, "AQ_STIL")
+        editor = road.Editor()
+        editor.close()
+        before = road.package_value(pathlib.Path(package), "PROGRESS", WORD_DOCUMENT)
+        # Without the helper, with it but without its libraries, and with these alone.
+        for step in (lambda: None, lambda: take_office_away(helper), leave_libraries):
+            step()
+            self.translate(program, WORD_DOCUMENT)
+            program.wait_for_box("Source document or translation document does not exist")
+            program.answer("OK")
+            road.wait_for_progress(pathlib.Path(package), WORD_DOCUMENT, before)
+        protocol = pathlib.Path(package).with_name("Protocol.txt").read_text("cp1252")
+        for reason in ("LibreOffice could not be started.  ", "LibreOffice is not installed: "):
+            self.assertEqual(protocol.count(reason), 1, protocol)
+        self.quit(program)
 
     def test_installedCommandListsTheSamplePackage(self):
         version = run("dpkg-deb", "--field", str(self.package), "Version").strip()

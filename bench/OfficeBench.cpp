@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "bench/SecondLine.h"
@@ -15,10 +16,12 @@
 #include "foundation/gRvdFile.h"
 #include "support/WorkflowTest.h"
 #include "workflow/DocumentCommands.h"
+#include "workflow/OpenPackage.h"
 #include "workflow/Settings.h"
 
 // bench_office: opens a source and a translation in a warm office through the bridge and, in turns, lets the
 // same office open them by itself; saves a document that is out; lets the timer tick with a document out.
+// Starts the office at the first document, and ahead of it with the package.
 // Prints milliseconds and bytes as one line of JSON. Needs a display.
 namespace qb {
 namespace {
@@ -30,6 +33,7 @@ constexpr int kSaves = 7;
 constexpr int kFirstTicks = 1000;  // what is kept once is kept by then
 constexpr int kTicks = 10000;
 constexpr std::chrono::seconds kLongest{10};
+constexpr std::chrono::milliseconds kPause{10};
 constexpr std::string_view kPackage = R"(\pkg\Trans.pxf)";
 constexpr std::string_view kSource = R"(\pkg\src\text.doc)";
 constexpr std::string_view kTranslation = R"(\pkg\dst\text.doc)";
@@ -62,6 +66,8 @@ class OfficeSession : public WorkflowTest {
     Start(kPackage);
     if (gTraceOn) ToggleTrace();
     PairThroughBridge();
+    cold_ = PairWithStart();
+    ahead_ = PairAfterStart(2 * cold_);
     line_ = std::make_unique<SecondLine>(Native(R"(\profiles\office-1)").string());
   }
   ~OfficeSession() override {
@@ -80,6 +86,12 @@ class OfficeSession : public WorkflowTest {
     group->Close();
     return took.count();
   }
+  /// Seconds for the first pair of an office that is not started before.
+  double ColdPair() const { return cold_; }
+  /// Seconds for the first pair of an office that is started with the package.
+  double PairAhead() const { return ahead_; }
+  /// Seconds that the package opens later for that.
+  double Delay() const { return delay_; }
   /// Seconds for the office to open it by itself.
   double PairAlone() { return line_->OpenPair(Native(kSource).string(), Native(kTranslation).string()); }
 
@@ -112,6 +124,28 @@ class OfficeSession : public WorkflowTest {
     std::filesystem::copy_file(QB_EXAMPLES "/translation/" + side + "/inbetriebnahme/inbetriebnahme.doc",
                                Native(path));
   }
+  double PairWithStart() {
+    office_->End();
+    return PairThroughBridge();
+  }
+  double SecondsToOpenPackage() {
+    const auto start = SteadyClock::now();
+    QbtOpen(kPackage);
+    return std::chrono::duration<double>(SteadyClock::now() - start).count();
+  }
+  /// The user looks at the package for so many seconds before a document goes out.
+  double PairAfterStart(double seconds) {
+    office_->End();
+    const double alone = SecondsToOpenPackage();
+    gEditorQuestions.prepareOffice = [this] { office_->Prepare(); };
+    delay_ = SecondsToOpenPackage() - alone;
+    const auto start = SteadyClock::now();
+    while (std::chrono::duration<double>(SteadyClock::now() - start).count() < seconds) {
+      g_main_context_iteration(nullptr, FALSE);
+      std::this_thread::sleep_for(kPause);
+    }
+    return PairThroughBridge();
+  }
   static std::string CountOfLinks() { return Entry(kPackage, Entry(kPackage, "1", "1ADDSECTION"), "COUNT"); }
   void Ticks(int count) {
     for (int tick = 0; tick < count; ++tick) {
@@ -122,6 +156,9 @@ class OfficeSession : public WorkflowTest {
 
   std::shared_ptr<Office> office_;
   std::unique_ptr<SecondLine> line_;
+  double cold_ = 0;
+  double ahead_ = 0;
+  double delay_ = 0;
 };
 
 void Measure() {
@@ -135,9 +172,11 @@ void Measure() {
   session.Translate();
   std::vector<double> saves;
   for (int save = 0; save < kSaves; ++save) saves.push_back(session.SaveIntoPackage());
-  fmt::print(R"({{"bridge": {:.1f}, "alone": {:.1f}, "save": {:.1f}, "ticks": {}}})"
+  fmt::print(R"({{"bridge": {:.1f}, "alone": {:.1f}, "ahead": {:.1f}, "cold": {:.1f}, "delay": {:.1f}, )"
+             R"("save": {:.1f}, "ticks": {}}})"
              "\n",
-             1000 * Median(bridge), 1000 * Median(alone), 1000 * Median(saves), session.HeldByTicks());
+             1000 * Median(bridge), 1000 * Median(alone), 1000 * session.PairAhead(),
+             1000 * session.ColdPair(), 1000 * session.Delay(), 1000 * Median(saves), session.HeldByTicks());
 }
 
 }  // namespace

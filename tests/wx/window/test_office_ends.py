@@ -7,6 +7,7 @@ import office
 from office_case import CHANGED, PAGE, PAGE_FILE, SLIDES, SLIDES_FILE, WORD, WORD_FILE, OfficeCase
 
 SOURCE = "src/inbetriebnahme/" + WORD_FILE
+OUT = "OPENUNCHANGED_C_UNCHANGED_T"
 TRANSLATION = "dst/inbetriebnahme/" + WORD_FILE
 
 
@@ -43,19 +44,21 @@ class EndsTest(EndCase):
         content = self.file(path).read_bytes()
         return words.encode("ascii") in content or words.encode("utf-16-le") in content
 
-    def test_close_by_the_button_of_either_window_closes_both(self):
+    def test_close_by_the_button_of_either_window_closes_both_and_keeps_what_was_written(self):
         source = self.file(SOURCE).read_bytes()
         pair = self.open_word()
         user = self.user()
         self.assertTrue(user.is_read_only(self.file(SOURCE)))
         self.assertFalse(user.is_read_only(self.file(TRANSLATION)))
-        pair.close_by_button(pair.source)
-        pair.wait_until_gone()
-        self.progress(self.before)
-        pair = self.open_word()
         pair.close_by_button(pair.translation)
         pair.wait_until_gone()
         self.progress(self.before)
+        pair = self.open_word()
+        user.write(self.file(TRANSLATION), "NotYetSaved")
+        pair.close_by_button(pair.source)
+        pair.wait_until_gone()
+        self.progress(CHANGED)
+        self.assertTrue(self.holds(TRANSLATION, "NotYetSaved"))
         self.assertEqual(self.file(SOURCE).read_bytes(), source)
 
     def test_source_takes_neither_keys_nor_a_save(self):
@@ -79,11 +82,10 @@ class EndsTest(EndCase):
         user = self.user()
         for path in paths.values():
             user.write(self.file(path), "KeptAtTheEnd")
-        self.program.focus_window()
-        desktop.keys("ctrl+q")
-        self.program.wait_for_box("Do you really want to quit")
-        desktop.picture("office-quit-with-three")
-        self.program.answer("Yes")
+        self.quit("No")
+        self.assertTrue(all(office.windows_of(name) for name in names.values()))
+        self.assertEqual(self.package_value("PROGRESS", WORD), OUT)
+        self.quit("Yes")
         self.assertEqual(self.program.wait_for_end(), 0)
         for pair in pairs:
             pair.wait_until_gone()
@@ -93,6 +95,12 @@ class EndsTest(EndCase):
         self.progress(CHANGED, SLIDES)
         self.progress("MODIFIED", PAGE)
         desktop.wait_until(lambda: not office.processes(), "end of the office")
+
+    def quit(self, answer):
+        self.program.focus_window()
+        desktop.keys("ctrl+q")
+        self.program.wait_for_box("Do you really want to quit")
+        self.program.answer(answer)
 
     def test_office_that_dies_with_a_document_gives_it_back(self):
         pair = self.open_word()

@@ -119,6 +119,7 @@ class EndsTest(EndCase):
         self.wait_for_word("Waiting for LibreOffice...")
         office.kill_office()
         pair = office.Pair(WORD_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
         pair.close(pair.translation)
         pair.wait_until_gone()
         self.progress(self.before)

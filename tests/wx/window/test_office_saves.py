@@ -143,6 +143,7 @@ class SavesTest(OfficeCase):
         self.assertEqual(office.windows_of("(zeichnung|original)"), [])
         self.progress(before, DRAWING)
         pair = self.translate(WORD, WORD_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
         self.leave(pair)
 
     def test_no_link_and_no_title_harms_the_package(self):

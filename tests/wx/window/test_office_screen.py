@@ -29,6 +29,7 @@ class WaitTest(OfficeCase):
         desktop.wait_until(lambda: self.picture(window, "office-starting-again") == shown, "window drawn anew")
         office.release_office()
         pair = office.Pair(WORD_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
         desktop.wait_until(lambda: self.program.status() == before, "status line as before")
         self.program.focus_window()
         desktop.wait_until(lambda: pointer.shape() == arrow, "end of the hourglass")

@@ -1,7 +1,4 @@
-#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 #include "OfficeTest.h"
 
@@ -22,12 +19,6 @@ class OfficeGroupsTest : public OfficeTest {
     group_ = AddGroup(kB);
     source_ = Open(*group_, kA, bridge_mode::kReadOnly);
     translation_ = Open(*group_, kB);
-  }
-  void Lock(const std::string& name, const std::string& content) {
-    Write(R"(\pkg\.~lock.)" + name + "#", content);
-  }
-  std::string OwnLock(int profile) const {
-    return ",me,host,21.11.2026 15:40,file://" + Profile(profile) + ";";
   }
 
   std::shared_ptr<IBridgeGroup> group_;
@@ -75,54 +66,6 @@ TEST_F(OfficeGroupsTest, PathsAreTheSameWhateverTheirSpelling) {
   Native(R"(\pkg\link.doc)");
   std::filesystem::create_hard_link(Native(kB), Native(R"(\pkg\link.doc)"));
   EXPECT_EQ(2, Count(R"(\pkg\link.doc)"));
-}
-
-TEST_F(OfficeGroupsTest, ALockFileOfAnotherOfficeCountsAsOpen) {
-  Lock("a.doc", ",you,host,21.11.2026 15:40,file:///home/you/.config/libreoffice/4;");
-  EXPECT_EQ(1, Count(kA));
-  EXPECT_EQ(0, Count(kB));
-}
-
-TEST_F(OfficeGroupsTest, AnEmptyLockFileIsForTheHelperToJudge) {
-  Lock("a.doc", "");
-  EXPECT_EQ(0, Count(kA));
-}
-
-TEST_F(OfficeGroupsTest, ALockThatADeadOfficeOfOurOwnLeftBehindDoesNotCount) {
-  Lock("a.doc", OwnLock(1));
-  Lock("b.doc", OwnLock(7));
-  EXPECT_EQ(0, Count(kA));
-  EXPECT_EQ(0, Count(kB));
-}
-
-TEST_F(OfficeGroupsTest, ALockOfALivingOfficeOfOurOwnCounts) {
-  Lock("a.doc", OwnLock(7));
-  std::filesystem::create_directory(Profile(7));
-  const int lock = open((Profile(7) + "/.quillbank-lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-  ASSERT_EQ(0, flock(lock, LOCK_EX));
-  EXPECT_EQ(1, Count(kA));
-  close(lock);
-  EXPECT_EQ(0, Count(kA));
-}
-
-TEST_F(OfficeGroupsTest, AFileThatTheUserHasOpenInOurOfficeCountsAsOpenIfTheOfficeSaysSo) {
-  Script({kReady, "serve 2", "on isOpen", R"({"id":$id,"result":{"open":true}})", "on isOpen",
-          R"({"id":$id,"result":{"open":false}})", "on isOpen", R"({"id":$id,"error":{"code":"request"}})",
-          "serve"});
-  OpenPair();
-  Lock("c.doc", OwnLock(1));
-  EXPECT_EQ(1, Count(kC));
-  EXPECT_EQ(Native(kC).string(), Request("isOpen")["path"]);
-  // A lock that is left from an office which died.
-  EXPECT_EQ(0, Count(kC));
-  EXPECT_EQ(0, Count(kC));
-}
-
-TEST_F(OfficeGroupsTest, TheNameOfAProfileInALockMayBeEncoded) {
-  std::string lock = OwnLock(1);
-  lock.replace(lock.find("office"), 1, "%6F");
-  Lock("a.doc", lock);
-  EXPECT_EQ(0, Count(kA));
 }
 
 TEST_F(OfficeGroupsTest, AVisioTranslationIsRefusedBeforeAnythingOpens) {

@@ -31,8 +31,12 @@ TEST_F(SaveTest, presentationsAndPagesKeepTheirFormat) {
     const std::string path = Sample(name);
     const int document = Open(path);
     User().Write(path, "More");
-    User().Command(path, ".uno:Save");
+    Press(path, "ctrl+s");
     EXPECT_EQ(WaitForSaved(), document) << name;
+    // Nothing was asked.
+    EXPECT_EQ(WindowsOnScreen(), 1) << name;
+    Close(document);
+    EXPECT_TRUE(WaitUntil([] { return WindowsOnScreen() == 0; }));
   }
   EXPECT_TRUE(IsWordFile(Content("schulung.ppt")));
   EXPECT_NE(Content("glossar.htm").find("More"), std::string::npos);
@@ -65,6 +69,19 @@ TEST_F(SaveTest, aDocumentIsNotLoadedAnewInItsWindow) {
   }
 }
 
+TEST_F(SaveTest, theSlidesOfTheSourceCannotBeStoredOver) {
+  const std::string path = Sample("schulung/schulung.ppt");
+  const std::string before = Content("schulung.ppt");
+  const int document = Open(path, true);
+  User().Command(path, ".uno:EditDoc");
+  User().Write(path, "More");
+  Press(path, "ctrl+s");
+  User().Command(path, ".uno:Save");
+  Close(document);
+  EXPECT_EQ(Helper().WaitForEvent("closed").value("document", 0), document);
+  EXPECT_EQ(Content("schulung.ppt"), before);
+}
+
 TEST_F(SaveTest, aCopyIsNoSave) {
   const std::string path = Sample("wartung/wartung.doc");
   const int document = Open(path);
@@ -83,6 +100,28 @@ TEST_F(SaveTest, whatIsStoredUnderAnotherNameIsNoMoreThisFile) {
   User().Command(Path("other.odt"), ".uno:Save");
   Helper().Ask("title", {{"document", document}});
   for (const json& line : Helper().Waiting()) EXPECT_NE(line.value("event", ""), "saved") << line;
+}
+
+TEST_F(SaveTest, aShareThatGoesAwayTakesNothingElseAlong) {
+  const std::string path = Sample("wartung/wartung.doc", "share/wartung.doc");
+  const std::string other = Sample("sicherheit/sicherheit.doc");
+  const int document = Open(path);
+  const int here = Open(other);
+  User().Write(path, "Not lost");
+  std::filesystem::remove_all(Path("share"));
+  EXPECT_EQ(Helper().Ask("close", {{"documents", {document}}}).value("code", ""), "office");
+  EXPECT_TRUE(Helper().Ask("links", {{"document", document}}).contains("links"));
+  for (const json& line : Helper().Waiting()) EXPECT_FALSE(line.contains("event")) << line;
+  User().Write(other, "More");
+  User().Command(other, ".uno:Save");
+  EXPECT_EQ(WaitForSaved(), here);
+  Close(here);
+  EXPECT_EQ(Helper().WaitForEvent("closed").value("document", 0), here);
+  // What its user has written can still be stored elsewhere.
+  User().StoreAs(path, Path("rescued.doc"), "MS Word 97");
+  EXPECT_NE(User().Text(Path("rescued.doc")).find("Not lost"), std::string::npos);
+  EXPECT_TRUE(IsWordFile(Content("rescued.doc")));
+  EXPECT_EQ(Helper().Ask("close", {{"documents", {document}}}), json::object());
 }
 
 TEST_F(SaveTest, aSaveThatFailsIsNone) {

@@ -45,7 +45,8 @@ xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0" xmlns:text="urn:
 xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0" xmlns:xlink="http://www.w3.org/1999/xlink"
 xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0"
 xmlns:meta="urn:oasis:names:tc:opendocument:xmlns:meta:1.0" xmlns:script="urn:oasis:names:tc:opendocument:xmlns:script:1.0"
-xmlns:ooo="http://openoffice.org/2004/office" xmlns:config="urn:oasis:names:tc:opendocument:xmlns:config:1.0"
+xmlns:dom="http://www.w3.org/2001/xml-events" xmlns:ooo="http://openoffice.org/2004/office"
+xmlns:config="urn:oasis:names:tc:opendocument:xmlns:config:1.0"
 office:version="1.2" office:mimetype="application/vnd.oasis.opendocument.)" +
          kind + "\">" + head + "<office:body><office:" + kind + '>' + body + "</office:" + kind +
          "></office:body></office:document>";
@@ -116,6 +117,7 @@ TEST_F(SafetyTest, fetchesNothingForDocumentsOfEachFormat) {
 }
 
 TEST_F(SafetyTest, runsNoMacros) {
+  // An office that is told to trust every document writes the file.
   Put("macro.fodt",
       Flat(
           "<office:scripts><office:script script:language=\"ooo:Basic\"><ooo:libraries><ooo:library-embedded "
@@ -124,6 +126,7 @@ TEST_F(SafetyTest, runsNoMacros) {
               "\" For Output As #1\nClose #1\nEnd Sub</ooo:source-code></ooo:module></ooo:library-embedded>"
               "</ooo:libraries></office:script><office:event-listeners><script:event-listener "
               "script:language=\"ooo:script\" script:event-name=\"dom:load\" "
+              "xlink:type=\"simple\" "
               "xlink:href=\"vnd.sun.star.script:Standard.M.Main?language=Basic&amp;location=document\"/>"
               "</office:event-listeners></office:scripts>",
           "<text:p>x</text:p>"));

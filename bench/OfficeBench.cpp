@@ -29,6 +29,7 @@ namespace {
 using SteadyClock = std::chrono::steady_clock;
 
 constexpr int kPairs = 5;
+constexpr int kStarts = 3;
 constexpr int kSaves = 7;
 constexpr int kFirstTicks = 1000;  // what is kept once is kept by then
 constexpr int kTicks = 10000;
@@ -66,8 +67,10 @@ class OfficeSession : public WorkflowTest {
     Start(kPackage);
     if (gTraceOn) ToggleTrace();
     PairThroughBridge();
-    cold_ = PairWithStart();
-    ahead_ = PairAfterStart(2 * cold_);
+    for (int start = 0; start < kStarts; ++start) {
+      colds_.push_back(PairWithStart());
+      aheads_.push_back(PairAfterStart(2 * colds_.back()));
+    }
     line_ = std::make_unique<SecondLine>(Native(R"(\profiles\office-1)").string());
   }
   ~OfficeSession() override {
@@ -86,10 +89,10 @@ class OfficeSession : public WorkflowTest {
     group->Close();
     return took.count();
   }
-  /// Seconds for the first pair of an office that is not started before.
-  double ColdPair() const { return cold_; }
-  /// Seconds for the first pair of an office that is started with the package.
-  double PairAhead() const { return ahead_; }
+  /// Seconds, at best, for the first pair of an office that is not started before.
+  double ColdPair() const { return *std::min_element(colds_.begin(), colds_.end()); }
+  /// Seconds, at best, for the first pair of an office that is started with the package.
+  double PairAhead() const { return *std::min_element(aheads_.begin(), aheads_.end()); }
   /// Seconds that the package opens later for that.
   double Delay() const { return delay_; }
   /// Seconds for the office to open it by itself.
@@ -136,6 +139,7 @@ class OfficeSession : public WorkflowTest {
   /// The user looks at the package for so many seconds before a document goes out.
   double PairAfterStart(double seconds) {
     office_->End();
+    gEditorQuestions.prepareOffice = nullptr;
     const double alone = SecondsToOpenPackage();
     gEditorQuestions.prepareOffice = [this] { office_->Prepare(); };
     delay_ = SecondsToOpenPackage() - alone;
@@ -156,8 +160,8 @@ class OfficeSession : public WorkflowTest {
 
   std::shared_ptr<Office> office_;
   std::unique_ptr<SecondLine> line_;
-  double cold_ = 0;
-  double ahead_ = 0;
+  std::vector<double> colds_;
+  std::vector<double> aheads_;
   double delay_ = 0;
 };
 

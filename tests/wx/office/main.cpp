@@ -97,7 +97,7 @@ void InsertSlideLink(const Model& model, sal_Int32 slide, const std::string& add
 /// hears of it.
 class KillAtEvent : public cppu::WeakImplHelper1<star::document::XDocumentEventListener> {
  public:
-  KillAtEvent(OUString event, pid_t office) : event_(std::move(event)), office_(office) {
+  KillAtEvent(const OUString& event, pid_t office) : event_(event), office_(office) {
     if (office <= 1) throw std::runtime_error("That is no office's process");
   }
   void SAL_CALL documentEventOccured(const star::document::DocumentEvent& event) override {

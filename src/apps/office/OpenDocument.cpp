@@ -4,7 +4,10 @@
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/frame/XStorable2.hpp>
+#include <com/sun/star/util/CloseVetoException.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
 
 #include "apps/office/Failure.h"
 #include "apps/office/FileChecks.h"
@@ -28,6 +31,13 @@ Arguments LoadArguments(const FileType& type, bool readOnly, const rtl::Referenc
                       Named("MacroExecutionMode", Any(document::MacroExecMode::NEVER_EXECUTE)),
                       Named("UpdateDocMode", Any(document::UpdateDocMode::NO_UPDATE)),
                       Named("InteractionHandler", HandlerOf(questions))});
+}
+
+/// Stores to the document's own file. What the office would ask meanwhile ends in its failure.
+void Store(const OpenDocument& opened) {
+  const rtl::Reference<Questions> questions(new Questions());
+  Reference<com::sun::star::frame::XStorable2>(opened.model, UNO_QUERY_THROW)
+      ->storeSelf(ToArguments({Named("InteractionHandler", HandlerOf(questions))}));
 }
 
 }  // namespace
@@ -76,6 +86,23 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
   opened.listener.set(new DocumentListener(number, path, opened.kind, base, office.Context(), happenings));
   opened.listener->Listen(opened.model);
   return opened;
+}
+
+bool StoreAndClose(const OpenDocument& opened) {
+  const Reference<com::sun::star::util::XModifiable> modifiable(opened.model, UNO_QUERY_THROW);
+  if (modifiable->isModified()) {
+    if (opened.isReadOnly) {
+      modifiable->setModified(false);
+    } else {
+      Store(opened);
+    }
+  }
+  try {
+    CloseAsItIs(opened);
+    return true;
+  } catch (const com::sun::star::util::CloseVetoException&) {
+    return false;
+  }
 }
 
 void CloseAsItIs(const OpenDocument& document) {

@@ -36,6 +36,11 @@ bool IsOpen(const OfficeConnection& office, const std::string& path);
 OpenDocument Open(const OfficeConnection& office, int number, const std::string& path, bool readOnly,
                   const std::string& base, Happenings& happenings);
 
+/// Stores what is modified and can be, and closes. False while a dialog is open in the document. Raises
+/// `Failure` or what the office raises if it cannot be stored. Only inside a call on the office's main
+/// thread.
+bool StoreAndClose(const OpenDocument& document);
+
 /// Closes the document as it is. Raises css::util::CloseVetoException while a dialog is open in it.
 void CloseAsItIs(const OpenDocument& document);
 

@@ -5,25 +5,19 @@
 #include <algorithm>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/frame/XFrames.hpp>
-#include <com/sun/star/frame/XStorable2.hpp>
-#include <com/sun/star/util/CloseVetoException.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
-#include <com/sun/star/util/XModifiable.hpp>
 #include <exception>
 #include <iostream>
-#include <iterator>
 #include <memory>
 #include <optional>
 #include <utility>
 
+#include "apps/office/Answers.h"
 #include "apps/office/CustomTitle.h"
 #include "apps/office/DocumentLinks.h"
 #include "apps/office/Failure.h"
 #include "apps/office/FileChecks.h"
 #include "apps/office/Lines.h"
-#include "apps/office/LinkAddress.h"
-#include "apps/office/LinkReader.h"
-#include "apps/office/Questions.h"
 #include "apps/office/WindowPlaces.h"
 
 namespace qb::office {
@@ -44,35 +38,6 @@ constexpr int kAttemptsToPlace = 8;
 
 using Models = std::vector<Reference<com::sun::star::frame::XModel>>;
 using Places = std::vector<com::sun::star::awt::Rectangle>;
-
-json TitleAnswer(const std::optional<std::string>& title) {
-  return {{"title", title ? json(*title) : json()}};
-}
-
-/// Stores to the document's own file. What the office would ask meanwhile ends in its failure.
-void Store(const OpenDocument& document) {
-  const rtl::Reference<Questions> questions(new Questions());
-  Reference<com::sun::star::frame::XStorable2>(document.model, UNO_QUERY_THROW)
-      ->storeSelf(ToArguments({Named("InteractionHandler", HandlerOf(questions))}));
-}
-
-/// Stores what is modified and can be, and closes. False while a dialog is open in the document.
-bool StoreAndClose(const OpenDocument& document) {
-  const Reference<com::sun::star::util::XModifiable> modifiable(document.model, UNO_QUERY_THROW);
-  if (modifiable->isModified()) {
-    if (document.isReadOnly) {
-      modifiable->setModified(false);
-    } else {
-      Store(document);
-    }
-  }
-  try {
-    CloseAsItIs(document);
-    return true;
-  } catch (const com::sun::star::util::CloseVetoException&) {
-    return false;
-  }
-}
 
 }  // namespace
 
@@ -114,7 +79,8 @@ void Service::TellClosed(const OpenDocument& document) const {
   if (const auto& last = document.listener->Last()) {
     try {
       json whole = line;
-      whole["last"] = {{"links", LinksIn(document, last->text)}, {"title", TitleAnswer(last->title)}};
+      whole["last"] = {{"links", LinksAnswer(document, base_, last->text)},
+                       {"title", TitleAnswer(last->title)}};
       return WriteLine(whole);
     } catch (const std::exception& failure) {
       std::cerr << document.path << ": " << failure.what() << std::endl;
@@ -251,19 +217,7 @@ json Service::ReadLinksOf(const json& arguments) {
     *text = TextForLinks(office.Context(), document.model, document.kind, base);
   });
   document.listener->NoteKnown(*saves);
-  return LinksIn(document, *text);
-}
-
-json Service::LinksIn(const OpenDocument& document, const std::string& text) const {
-  Links found = ReadLinks(text);
-  const auto putRight = [&document, this](std::vector<std::string>& addresses) {
-    for (std::string& address : addresses) address = AddressIn(document.path, base_, address);
-  };
-  putRight(found.links);
-  std::for_each(found.slides.begin(), found.slides.end(), putRight);
-  if (document.kind == "presentation") return {{"slides", std::move(found.slides)}};
-  for (auto& page : found.slides) std::move(page.begin(), page.end(), std::back_inserter(found.links));
-  return {{"links", std::move(found.links)}};
+  return LinksAnswer(document, base_, *text);
 }
 
 json Service::Arrange(const json& arguments) {

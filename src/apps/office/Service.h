@@ -53,7 +53,6 @@ class Service {
   nlohmann::json Quit();
 
   const OpenDocument& Document(const nlohmann::json& number);
-  nlohmann::json LinksIn(const OpenDocument& document, const std::string& text) const;
   void TellClosed(const OpenDocument& document) const;
   void CloseOne(int number);
   bool TryToClose(const OpenDocument& document);

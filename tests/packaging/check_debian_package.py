@@ -87,7 +87,7 @@ def install_viewer(shown):
 
 
 def take_office_away(helper):
-    """Installs the helper so that it looks for LibreOffice, and for its libraries, where there is none."""
+    """Installs the helper so that it looks for the libraries of LibreOffice where there are none."""
     content = helper.read_bytes()
     assert OFFICE in content
     OFFICE_HELPER.write_bytes(content.replace(OFFICE, OFFICE[:-1] + b"x"))
@@ -95,9 +95,10 @@ def take_office_away(helper):
 
 
 def leave_libraries():
-    """The same where the libraries are installed."""
+    """The libraries are installed, and the office itself is not."""
     helper = OFFICE_HELPER.rename(OFFICE_HELPER.with_name("helper"))
-    OFFICE_HELPER.write_text(f"#!/bin/sh\nLD_LIBRARY_PATH={OFFICE.decode()} exec '{helper}' \"$@\"\n")
+    OFFICE_HELPER.write_text(
+        f"#!/bin/sh\nLD_LIBRARY_PATH={OFFICE.decode()} exec '{helper}' --office /no/soffice \"$@\"\n")
     OFFICE_HELPER.chmod(0o755)
 
 

@@ -134,6 +134,18 @@ TEST_F(CloseTest, waitsForADialogOfTheUser) {
   EXPECT_FALSE(User().IsOpen(path));
 }
 
+TEST_F(CloseTest, leavesADocumentOpenWhoseDialogIsNotAnswered) {
+  const std::string path = Sample("wartung/wartung.doc");
+  const int document = Open(path);
+  Press(path, "ctrl+shift+s");
+  ASSERT_TRUE(PressIn("Save$", "Shift_L"));
+  EXPECT_EQ(Helper().Ask("close", {{"documents", {document}}}).value("code", ""), "office");
+  EXPECT_TRUE(User().IsOpen(path));
+  ASSERT_TRUE(PressIn("Save$", "Escape"));
+  EXPECT_EQ(Helper().Ask("close", {{"documents", {document}}}), json::object());
+  EXPECT_FALSE(User().IsOpen(path));
+}
+
 TEST_F(CloseTest, refusesADocumentThatNeverWas) {
   EXPECT_EQ(Helper().Ask("close", {{"documents", {4711}}}).value("code", ""), "no-document");
   EXPECT_EQ(Helper().Ask("title", {{"document", 4711}}).value("code", ""), "no-document");

@@ -31,6 +31,8 @@ namespace {
 /// A document that is closed sooner after its loading can take the office with it.
 constexpr milliseconds kLoadedToClosed{1000};
 constexpr milliseconds kBetweenAttemptsToClose{200};
+/// A dialog that is not answered meanwhile keeps its document open.
+constexpr milliseconds kDialog{10000};
 constexpr milliseconds kMissed{100};
 /// A window manager takes about that long for a window's place, and at times forgets it at first.
 constexpr milliseconds kPlaced{150};
@@ -270,7 +272,7 @@ const OpenDocument& Service::Document(const json& number) {
 }
 
 void Service::CloseOne(int number) {
-  const auto end = steady_clock::now() + patience_;
+  const auto end = steady_clock::now() + std::min(patience_, kDialog);
   for (TellHappenings(); documents_.contains(number); TellHappenings()) {
     const OpenDocument document = documents_.at(number);
     const auto age = std::chrono::duration_cast<milliseconds>(steady_clock::now() - document.loaded);

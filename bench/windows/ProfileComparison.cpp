@@ -190,7 +190,7 @@ double TimesAsFast(Comparison& comparison) {
   return ratio;
 }
 
-/// It fails if it is too slow three times.
+/// It fails if it is too slow each time.
 bool IsFastEnough() {
   Comparison comparison;
   for (int i = 0; i < kMeasurements; ++i) {

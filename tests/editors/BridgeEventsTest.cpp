@@ -103,6 +103,18 @@ TEST_F(BridgeEventsTest, SourceClosed_ClosesTheTranslationWhoseEventMakesTheTran
   }
 }
 
+TEST_F(BridgeEventsTest, SourceClosed_SingleDocumentEditor_ClosesTheTranslationInItsOwnGroup) {
+  StartWithHtml();
+  OpenSession();
+  Office().savesAtClose = translation_;
+  Office().UserCloses(source_);
+  EXPECT_THAT(Office().calls, Contains(R"(group \pkg\dst\text.html Close)"));
+  EXPECT_FALSE(Shows(translation_));
+  EXPECT_FALSE(Shows(source_));
+  EXPECT_EQ(Progress(), "MODIFIED_C_UNCHANGED_T");
+  EXPECT_FALSE(session_->IsOpen());
+}
+
 TEST_F(BridgeEventsTest, SourceClosed_TranslationRaisesNoEvent_MakesNoTransitionOfItsOwn) {
   StartWithWord();
   OpenSession();

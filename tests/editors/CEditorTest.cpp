@@ -141,9 +141,15 @@ TEST_F(CEditorTest, LaunchApplication_OwnEditor_TakesTheTranslationAsParameter) 
 
 TEST_F(CEditorTest, LaunchApplication_EmptySource_PassesWhereTheCurrentDirectoryHoldsAFile) {
   OpenWith("CSS", "CSS");
+  Write(R"(\full\file)", "x");
+  MakeFolder(R"(\empty)");
   ProcessHandle process = 0;
-  EXPECT_EQ(session_->LaunchApplication("", "", R"(\pkg\dst\styles.css)", process, "Open"),
-            ThePlatform().files->Search("", 0).empty() ? 7 : 2);
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(Native(R"(\full)"));
+  EXPECT_EQ(session_->LaunchApplication("", "", R"(\pkg\dst\styles.css)", process, "Open"), 2);
+  std::filesystem::current_path(Native(R"(\empty)"));
+  EXPECT_EQ(session_->LaunchApplication("", "", R"(\pkg\dst\styles.css)", process, "Open"), 7);
+  std::filesystem::current_path(before);
 }
 
 TEST_F(CEditorTest, LaunchApplication_Trace_HasItsLinesWithAnEmptyModule) {
@@ -199,6 +205,20 @@ TEST_F(CEditorTest, CloseEditor_TtxThatAppearedMeanwhile_IsNotLookedAt) {
   TheShell().EndAllProcesses();
   EXPECT_TRUE(session_->CloseEditor());
   EXPECT_EQ(State(), "UNCHANGED");
+}
+
+TEST_F(CEditorTest, CloseEditor_ChangedFile_IsSavedAndThenClosed) {
+  OpenWith("CSS", "CSS");
+  session_->OpenForTranslation("DOC1");
+  gLoios->Item("DOC1")->ContentEditTransition();
+  int closes = 0;
+  session_->OnClose = [&] { ++closes; };
+  gSessionStamp = "1";  // any time of a file counts as a change
+  TheShell().EndAllProcesses();
+  EXPECT_TRUE(session_->CloseEditor());
+  EXPECT_EQ(State(), "MODIFIED_C_UNCHANGED_T");
+  EXPECT_EQ(closes, 1);
+  EXPECT_FALSE(session_->IsOpen());
 }
 
 TEST_F(CEditorTest, CloseEditor_EditorStillRuns_AsksAndStaysOpen) {

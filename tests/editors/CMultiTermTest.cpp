@@ -233,6 +233,19 @@ TEST_F(CMultiTermTest, Load_MissingFile_QuitsAndIsFalse) {
   EXPECT_EQ(link_.strBuffer, std::string(4096, ' '));
 }
 
+TEST_F(CMultiTermTest, Load_FileWithoutAShortName_QuitsAndIsFalse) {
+  class NoShortNames : public FaultyFileSystem {
+   public:
+    using FaultyFileSystem::FaultyFileSystem;
+    std::optional<std::string> ShortPathName(std::string_view) override { return std::nullopt; }
+  };
+  Connect();
+  ThePlatform().files = std::make_unique<NoShortNames>(std::move(ThePlatform().files));
+  EXPECT_FALSE(link_.Load(kTerms));
+  EXPECT_THAT(TheWindows().sentKeys, ElementsAre("%{F4}"));
+  EXPECT_EQ(TextOf(link_.vntProcess), "0");
+}
+
 TEST_F(CMultiTermTest, Load_MissingFileInAMultiTermOfTheUser_LeavesItOpen) {
   ShowMultiTerm();
   Connect();

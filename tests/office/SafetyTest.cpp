@@ -134,6 +134,12 @@ TEST_F(SafetyTest, runsNoMacros) {
   User().StoreCopy(Path("macro.fodt"), Path("macro.odt"), "writer8");
   Close(document);
   Work(Path("macro.odt"));
+  Put("macro.htm",
+      "<html><head><script language=\"STARBASIC\">\n' $LIBRARY: Standard\n' $MODULE: M\nSub Main\nOpen \"" +
+          Path("ran") +
+          "\" For Output As #1\nClose #1\nEnd Sub\n</script></head><body "
+          "sdonload-StarBasic=\"document:Standard.M.Main\"><p>x</p></body></html>");
+  Work(Path("macro.htm"));
   EXPECT_FALSE(Exists("ran"));
 }
 

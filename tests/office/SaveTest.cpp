@@ -69,17 +69,20 @@ TEST_F(SaveTest, aDocumentIsNotLoadedAnewInItsWindow) {
   }
 }
 
-TEST_F(SaveTest, theSlidesOfTheSourceCannotBeStoredOver) {
-  const std::string path = Sample("schulung/schulung.ppt");
-  const std::string before = Content("schulung.ppt");
-  const int document = Open(path, true);
-  User().Command(path, ".uno:EditDoc");
-  User().Write(path, "More");
-  Press(path, "ctrl+s");
-  User().Command(path, ".uno:Save");
-  Close(document);
-  EXPECT_EQ(Helper().WaitForEvent("closed").value("document", 0), document);
-  EXPECT_EQ(Content("schulung.ppt"), before);
+TEST_F(SaveTest, theSourceOfOtherFormatsCannotBeStoredOver) {
+  for (const std::string file : {"schulung/schulung.ppt", "glossar/glossar.htm"}) {
+    const std::string path = Sample(file);
+    const std::string name = file.substr(file.find('/') + 1);
+    const std::string before = Content(name);
+    const int document = Open(path, true);
+    User().Command(path, ".uno:EditDoc");
+    User().Write(path, "More");
+    Press(path, "ctrl+s");
+    User().Command(path, ".uno:Save");
+    Close(document);
+    EXPECT_EQ(Helper().WaitForEvent("closed").value("document", 0), document);
+    EXPECT_EQ(Content(name), before) << name;
+  }
 }
 
 TEST_F(SaveTest, aCopyIsNoSave) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "support/BridgeTest.h"
+#include "support/FaultyFileSystem.h"
 #include "workflow/DocumentCommands.h"
 #include "workflow/OpenPackage.h"
 
@@ -95,6 +96,29 @@ TEST_F(BridgeDocumentTest, SourceClosedWhileOpening_LeavesNothingBehind) {
   EXPECT_FALSE(Shows(translation_));
   EXPECT_TRUE(gEditorSlots->CheckSlots());
   EXPECT_TRUE(Translate());
+}
+
+TEST_F(BridgeDocumentTest, PackageThatCannotBeWrittenAtASave_IsToldAndTheNextSaveBringsAll) {
+  StartWithWord();
+  ASSERT_TRUE(Translate());
+  const std::string before = Bytes(kPackage);
+  FaultyFileSystem& faults = InstallFaultyFiles(ThePlatform());
+  faults.Fail(FileOperation::kReplaceContent, failure::kDiskFull, "Trans.pxf");
+  Translation().properties["Title"] = std::string("New styles");
+  Translation().links = {{"http://one"}};
+  Office().UserSaves(translation_);
+  Tick();
+  EXPECT_THAT(Boxes().Texts(), Contains(HasSubstr("could not be changed: ")));
+  EXPECT_EQ(Bytes(kPackage), before);
+  EXPECT_FALSE(gEditorSlots->CheckSlots()) << "the document is still out";
+  faults.Heal();
+  Boxes().Forget();
+  Office().UserSaves(translation_);
+  Office().UserCloses(translation_);
+  EXPECT_THAT(Boxes().Texts(), IsEmpty());
+  EXPECT_EQ(Title(), "New styles");
+  EXPECT_EQ(Links(), "1: http://one ");
+  EXPECT_EQ(Progress(), "MODIFIED_C_UNCHANGED_T");
 }
 
 TEST_F(BridgeDocumentTest, Quit_ClosesTheDocumentsAndKeepsWhatTheOfficeSaves) {

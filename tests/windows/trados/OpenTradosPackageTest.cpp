@@ -136,6 +136,12 @@ TEST_F(OpenTradosPackageTest, MultiTermThatHangsWhenItIsToOpenTheFile_IsReported
               ElementsAre(HasSubstr("#286: Timeout while waiting for DDE")));
 }
 
+TEST_F(OpenTradosPackageTest, MultiTermThatHangs_DoesNotKeepTheProgramFromItsEnd) {
+  EXPECT_THAT(BoxesWithoutAnAnswer(L"hang mt_open#"), ElementsAre(HasSubstr("#286: ")));
+  EXPECT_TRUE(EndsProcess([] { QbtQuit(false); }));
+  EXPECT_TRUE(HasWindow(L"MT4WIN")) << "it is the user's";
+}
+
 TEST_F(OpenTradosPackageTest, MultiTermThatAnswersNoMessage_IsReportedInTime) {
   EXPECT_THAT(BoxesWithoutAnAnswer(L"frozen"), ElementsAre(HasSubstr("#286: Timeout while waiting for DDE")));
 }

@@ -87,6 +87,30 @@ TEST_F(BridgeDocumentTest, OfficeFails_TakesTheTransitionBack) {
   EXPECT_TRUE(gEditorSlots->CheckSlots());
 }
 
+TEST_F(BridgeDocumentTest, OfficeFailsAtEachCallOfAnOpening_TakesTheTransitionBack) {
+  for (const bool web : {false, true}) {
+    const auto start = [&] { web ? StartWithHtml() : StartWithWord(); };
+    start();
+    ASSERT_TRUE(Translate());
+    const std::vector<std::string> calls = Office().calls;
+    int refusals = 0;
+    for (const std::string& call : calls) {
+      SCOPED_TRACE(call);
+      ResetProgramState();
+      start();
+      Boxes().Forget();
+      Office().RaiseAt(call);
+      const bool open = Translate();
+      EXPECT_EQ(Progress(), open ? "OPENUNCHANGED_C_UNCHANGED_T" : "UNCHANGED");
+      EXPECT_EQ(gEditorSlots->CheckSlots(), !open);
+      EXPECT_EQ(Boxes().Texts().empty(), open);
+      refusals += open ? 0 : 1;
+    }
+    EXPECT_GT(refusals, 5);
+    ResetProgramState();
+  }
+}
+
 TEST_F(BridgeDocumentTest, SourceClosedWhileOpening_LeavesNothingBehind) {
   StartWithWord();
   Office().During(R"(group \pkg\dst\text.doc Open(\pkg\dst\text.doc, 0))",

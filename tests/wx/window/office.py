@@ -36,6 +36,11 @@ def place_of(window):
     return tuple(int(values[name]) for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
 
+def place_of_screen():
+    """Width and height of the screen."""
+    return tuple(map(int, desktop.run("xdotool", "getdisplaygeometry").split()))
+
+
 class Pair:
     """Source and translation of one document on the screen."""
 
@@ -60,6 +65,12 @@ class Pair:
         x, _, width, _ = place_of(self.source)
         return width > 300 and x + width <= place_of(self.translation)[0] + 20
 
+    def are_on_the_screen(self):
+        """Large enough to be read, and nowhere out of sight, though one may be in front of the other."""
+        right, bottom = place_of_screen()
+        return all(width > 300 and height > 300 and x >= 0 and y >= 0 and x + width <= right and y + height <= bottom
+                   for x, y, width, height in map(place_of, (self.source, self.translation)))
+
     def activate(self):
         desktop.run("xdotool", "windowactivate", "--sync", self.translation)
 
@@ -78,8 +89,11 @@ class Pair:
     def close_by_button(self, window):
         """By a click on the button in its frame, which the plainest look of the office may have put out of sight."""
         desktop.run("xdotool", "windowactivate", "--sync", window)
-        desktop.run("xdotool", "windowmove", window, "100", "100")
-        x, y, width, _ = desktop.wait_until(lambda: place_of(window)[1] > 50 and place_of(window), "moved window")
+        # One that fills the screen has its frame in sight, and cannot be moved.
+        if place_of(window)[1] < 15:
+            desktop.run("xdotool", "windowmove", window, "100", "100")
+            desktop.wait_until(lambda: place_of(window)[1] > 50, "moved window")
+        x, y, width, _ = place_of(window)
         desktop.run("xdotool", "mousemove", str(x + width - 10), str(y - 10), "click", "1")
 
     def wait_until_gone(self):

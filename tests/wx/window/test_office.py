@@ -3,7 +3,8 @@
 import unittest
 
 import desktop
-from office_case import CHANGED, PAGE, PAGE_FILE, WORD, WORD_FILE, OfficeCase
+import office
+from office_case import CHANGED, PAGE, PAGE_FILE, SLIDES, SLIDES_FILE, WORD, WORD_FILE, OfficeCase
 
 
 class OfficeTest(OfficeCase):
@@ -47,6 +48,38 @@ class OfficeTest(OfficeCase):
         pair.wait_until_gone()
         self.progress(CHANGED)
         self.assertTrue(self.links())
+
+    def test_damaged_or_locked_translation_is_refused_and_others_open(self):
+        before = self.package_value("PROGRESS", WORD)
+        file = self.file("dst/inbetriebnahme/" + WORD_FILE)
+        whole = file.read_bytes()
+        file.write_bytes(b"\x07" * 20000)
+        self.refuse("Source document or translation document does not exist")
+        self.assertEqual(self.package_value("PROGRESS", WORD), before)
+        # The source was opened before, and stays for its user to close.
+        windows = office.windows_of(WORD_FILE)
+        self.assertEqual(["(read-only)" in office.title_of(window) for window in windows], [True])
+        desktop.run("xdotool", "windowactivate", "--sync", windows[0])
+        desktop.keys("alt+F4")
+        desktop.wait_until(lambda: not office.windows_of(WORD_FILE), "end of the source's window")
+        file.write_bytes(whole)
+        lock = file.with_name(f".~lock.{WORD_FILE}#")
+        lock.write_text(",u,elsewhere,21.11.2026 16:07,file:///home/u/.config/libreoffice/4;")
+        self.refuse("Document is already open!")
+        self.assertEqual(office.windows_of(WORD_FILE), [])
+        self.assertEqual(self.package_value("PROGRESS", WORD), before)
+        self.assertTrue(lock.exists())
+        self.assertEqual(file.read_bytes(), whole)
+        pair = self.translate(SLIDES, SLIDES_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
+        pair.close(pair.translation)
+        pair.wait_until_gone()
+
+    def refuse(self, words):
+        desktop.wait_until(lambda: self.select(WORD), f"selection of {WORD}")
+        desktop.keys("ctrl+t")
+        self.program.wait_for_box(words)
+        self.program.answer("OK")
 
 
 if __name__ == "__main__":

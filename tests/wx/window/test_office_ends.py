@@ -61,6 +61,38 @@ class EndsTest(EndCase):
         self.assertTrue(self.holds(TRANSLATION, "NotYetSaved"))
         self.assertEqual(self.file(SOURCE).read_bytes(), source)
 
+    def test_page_whose_source_is_closed_first_is_closed_with_it_and_kept(self):
+        # A completed document counts as changed once it was out.
+        pair = self.translate(PAGE, PAGE_FILE)
+        pair.close_by_button(pair.source)
+        pair.wait_until_gone()
+        self.progress("MODIFIED", PAGE)
+        pair = self.translate(PAGE, PAGE_FILE)
+        self.user().write(self.file("dst/uebersicht/" + PAGE_FILE), "NotYetSaved")
+        pair.close_by_button(pair.source)
+        pair.wait_until_gone()
+        self.progress("MODIFIED", PAGE)
+        self.assertTrue(self.holds("dst/uebersicht/" + PAGE_FILE, "NotYetSaved"))
+
+    def test_slides_closed_by_the_button_are_saved_when_the_user_says_so(self):
+        pair = self.translate(SLIDES, SLIDES_FILE)
+        desktop.wait_until(pair.are_side_by_side, "windows side by side")
+        self.user().write(self.file("dst/schulung/" + SLIDES_FILE), "SavedLate")
+        pair.close_by_button(pair.translation)
+        desktop.wait_until(lambda: desktop.windows_named("^Save Document"), "question of the office")
+        desktop.keys("Return")
+        pair.wait_until_gone()
+        self.progress(CHANGED, SLIDES)
+        self.assertTrue(self.holds("dst/schulung/" + SLIDES_FILE, "SavedLate"))
+
+    def test_office_that_dies_with_a_page_gives_it_back(self):
+        pair = self.translate(PAGE, PAGE_FILE)
+        desktop.wait_until(lambda: self.select(SLIDES), f"selection of {SLIDES}")
+        self.assertTrue(self.package_value("PROGRESS", PAGE).startswith("OPEN"))
+        office.kill_office()
+        pair.wait_until_gone()
+        self.progress("MODIFIED", PAGE)
+
     def test_source_takes_neither_keys_nor_a_save(self):
         source = self.file(SOURCE).read_bytes()
         pair = self.open_word()

@@ -77,6 +77,7 @@ class SavesTest(OfficeCase):
     def test_title_and_links_of_texts_and_slides_come_into_the_package(self):
         self.start(self.package)
         words, slides = self.translate(WORD, WORD_FILE), self.translate(SLIDES, SLIDES_FILE)
+        desktop.wait_until(slides.are_side_by_side, "slides side by side")
         user = self.user()
         text, show = self.file("dst/inbetriebnahme/" + WORD_FILE), self.file("dst/schulung/" + SLIDES_FILE)
         for address in ["https://pump.example/new", "https://pump.example/other", "https://pump.example/new"]:
@@ -107,6 +108,7 @@ class SavesTest(OfficeCase):
         self.add_drawing()
         self.start(self.package)
         page = self.translate(HELP_PAGE, HELP_PAGE_FILE)
+        desktop.wait_until(page.are_on_the_screen, "page and its source on the screen")
         user = self.user()
         user.insert_link(self.file("dst/stoerungen/" + HELP_PAGE_FILE), "https://pump.example/new")
         page.write("Translated words ")
@@ -117,6 +119,7 @@ class SavesTest(OfficeCase):
         self.assertEqual(self.package_value("1STATE", HELP_PAGE), "MODIFIED")
         self.leave(page)
         drawing = self.translate(DRAWING, DRAWING_FILE, DRAWING_SOURCE)
+        desktop.wait_until(drawing.are_on_the_screen, "drawing and its source on the screen")
         user.write(self.file("dst/zeichnung/" + DRAWING_FILE), "translated")
         drawing.activate()
         drawing.save()

@@ -86,7 +86,7 @@ def install_viewer(shown):
     run("update-desktop-database", str(applications))
 
 
-def take_office_away(helper):
+def take_libraries_away(helper):
     """Installs the helper so that it looks for the libraries of LibreOffice where there are none."""
     content = helper.read_bytes()
     assert OFFICE in content
@@ -94,7 +94,7 @@ def take_office_away(helper):
     OFFICE_HELPER.chmod(0o755)
 
 
-def leave_libraries():
+def take_office_away():
     """The libraries are installed, and the office itself is not."""
     helper = OFFICE_HELPER.rename(OFFICE_HELPER.with_name("helper"))
     OFFICE_HELPER.write_text(
@@ -176,8 +176,8 @@ class DebianPackage(unittest.TestCase):
         editor = road.Editor()
         editor.close()
         before = road.package_value(pathlib.Path(package), "PROGRESS", WORD_DOCUMENT)
-        # Without the helper, with it but without its libraries, and with these alone.
-        for step in (lambda: None, lambda: take_office_away(helper), leave_libraries):
+        # Without the helper, with it but without its libraries, and with these but without the office.
+        for step in (lambda: None, lambda: take_libraries_away(helper), take_office_away):
             step()
             self.translate(program, WORD_DOCUMENT)
             program.wait_for_box("Source document or translation document does not exist")

@@ -109,7 +109,7 @@ class Win32Conversation : public DdeConversation {
 
   std::string Request(std::string_view item) override {
     if (!IsOpen()) throw RuntimeError(failure::kForeignApplicationQuit);
-    if (item.empty()) return {};
+    if (item.empty()) return {};  // the library has no empty names; the connection is contact enough
     const DdeText name(*instance_, item);
     TakeWaitingMessages();
     // Not the library's own wait: that of Wine takes any message in between for a refusal.

@@ -50,6 +50,7 @@ const RemovalDifference kRemovalDifferences[] = {
      "[A]\r\n[A]\r\n"},
     {"OtherLines", "[A]\n x = y \n\n; c\nK=1\n[B]\n", "A", "K", "[A]\n x = y \n\n; c\n[B]\n",
      "[A]\r\nx=y\r\n; c\r\n[B]\r\n"},
+    {"WhatStandsBehindANul", "[A]\r\nx=1\0y\r\nK=1\r\n"sv, "A", "K", "[A]\r\nx=1\0y\r\n"sv, "[A]\r\nx=1\r\n"},
     {"RepeatedLinesWithoutAName", "[A]\r\n=1\r\n=2\r\nK=1\r\n", "A", "K", "[A]\r\n=1\r\n=2\r\n",
      "[A]\r\n=1\r\n"},
 };

@@ -16,7 +16,6 @@ namespace qb {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 constexpr unsigned kOrdinary = 0;
 

@@ -5,7 +5,8 @@
 // arguments to "starts".
 //
 // A line of a script is one of
-//   {...}        written as it is, $id being the number of the request that was read last
+//   {...}        written as it is, $id being the number of the request that was read last; those that follow
+//                each other arrive together
 //   part <text>  written without a line end, which "end" writes
 //   flood <n>    writes so many bytes without a line end
 //   big <n>      answers the last request with a title of so many letters
@@ -28,6 +29,7 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -59,7 +61,16 @@ class FakeOffice {
       std::vector<std::string> lines;
       for (std::string line; std::getline(stream, line);) lines.push_back(line);
       fs::remove(script);
-      for (const std::string& line : lines) Do(line);
+      std::string said;
+      for (const std::string& line : lines) {
+        if (line.starts_with("{")) {
+          said += WithId(line) + "\n";
+        } else {
+          Put(std::exchange(said, {}));
+          Do(line);
+        }
+      }
+      Put(said);
     }
     while (Read()) {
     }
@@ -79,7 +90,6 @@ class FakeOffice {
   }
 
   void Do(const std::string& line) {
-    if (line.starts_with("{")) return Put(WithId(line) + "\n");
     std::istringstream words(line);
     std::string word;
     std::string argument;

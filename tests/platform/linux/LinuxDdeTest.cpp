@@ -10,8 +10,6 @@
 namespace qb {
 namespace {
 
-constexpr std::chrono::milliseconds kShort{700};
-
 class LinuxDdeTest : public ::testing::Test {
  protected:
   std::unique_ptr<DdeConversation> Connect() { return dde_.Connect("MT4WIN", "mt_init"); }
@@ -23,8 +21,8 @@ class LinuxDdeTest : public ::testing::Test {
   }
 
   OwnSessionBus bus_;
-  LinuxDde dde_{kShort};
-  LinuxApplicationWindows windows_{kShort};
+  LinuxDde dde_;
+  LinuxApplicationWindows windows_;
   std::string answer_;
 };
 
@@ -80,7 +78,11 @@ TEST_F(LinuxDdeTest, Request_Refused_RaisesWithTheWordsOfTheProgram) {
 }
 
 TEST_F(LinuxDdeTest, Request_ProgramHangs_RaisesInTime) {
-  EXPECT_EQ(FailureOfOpen("hang"), failure::kDdeTimeout);
+  const StandInMultiTerm multiTerm("hang");
+  LinuxDde impatient(std::chrono::seconds(2));
+  const auto conversation = impatient.Connect("MT4WIN", "mt_init");
+  EXPECT_FALSE(Attempt([&] { conversation->Request("mt_open#/a.mtw"); }));
+  EXPECT_EQ(Err.Number, failure::kDdeTimeout);
 }
 
 TEST_F(LinuxDdeTest, Request_ProgramDiesInIt_Raises) {

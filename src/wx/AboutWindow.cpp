@@ -62,7 +62,8 @@ wxWindow* AboutWindow::DrawLogo(Image& logo) {
   auto* drawn = new wxGenericStaticBitmap(&Dialog(), wxID_ANY, IconBitmap(logo.Icon(), kLogoSize));
   drawn->Bind(wxEVT_MOTION, [&logo, drawn](wxMouseEvent& event) {
     event.Skip();
-    if (!event.Dragging() || !event.LeftIsDown() || !logo.DragEnded) return;
+    // The button may have come up since the mouse moved: a drag that began now would have no end.
+    if (!event.Dragging() || !wxGetMouseState().LeftIsDown() || !logo.DragEnded) return;
     wxTextDataObject name(ToWx(kProductName));
     wxDropSource source(name, drawn);
     logo.DragEnded(EffectOf(source.DoDragDrop(wxDrag_CopyOnly)));

@@ -6,6 +6,7 @@ import pyatspi
 
 import desktop
 import forms
+import pointer
 import road
 from dialogs import DialogCase, text_of
 
@@ -43,9 +44,12 @@ class AboutAndHelpTest(DialogCase):
         title = desktop.settled_extents(
             lambda: self.program.find("label", "ORB Quillbank Translator", self.program.box()))
         x, y = title.x - 40, title.y + 20
-        desktop.run("xdotool", "mousemove", str(x), str(y), "mousedown", "1")
+        desktop.run("xdotool", "mousemove", str(x), str(y))
+        before = pointer.shape()
+        desktop.run("xdotool", "mousedown", "1")
         for step in range(1, 12):
             desktop.run("xdotool", "mousemove", str(x + 6 * step), str(y + 4 * step))
+        self.wait(lambda: pointer.shape() != before, "the pointer of a drag")
         desktop.run("xdotool", "mouseup", "1")
         self.wait(lambda: self.program.status() == "A product by ORB AG", "text of the show")
         desktop.keys("Escape")
@@ -83,7 +87,7 @@ class AttributesTest(unittest.TestCase):
         self.addCleanup(self.demo.process.stdout.close)
         self.addCleanup(self.demo.stop)
         self.number = desktop.wait_until(lambda: desktop.windows_of(self.demo.process.pid), "form on screen")[-1]
-        desktop.run("xdotool", "windowactivate", "--sync", self.number)
+        desktop.activate(self.number)
         desktop.wait_until(lambda: desktop.has(self.target(), pyatspi.STATE_FOCUSED), "focus on the target value")
 
     def target(self):

@@ -86,4 +86,4 @@ def wait_for_window(title):
 
 def activate(title):
     """Brings a window to the front, so that keys go to it."""
-    desktop.run("xdotool", "windowactivate", "--sync", wait_for_window(title))
+    desktop.activate(wait_for_window(title))

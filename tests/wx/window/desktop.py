@@ -10,13 +10,16 @@ import pyatspi
 
 PROGRAM = os.environ.get("QB_TRANSLATOR", "")
 PICTURES = os.environ.get("QB_PICTURES", "")
-DEADLINE = float(os.environ.get("QB_DEADLINE", "30"))
+DEADLINE = float(os.environ.get("QB_DEADLINE", "60"))
 POLL = 0.03
 MAIN_WINDOW = "ORB Quillbank Translator: Explorer"
 PRODUCT = "ORB Quillbank Translator"
 SETTINGS = r"[HKEY_CURRENT_USER\Software\ORB\Quillbank\Quillbank Translator]"
 TABLES = ("table", "tree table")
 PIXEL_COORDINATES = pyatspi.DESKTOP_COORDS
+
+# How long a question to a program may take, in milliseconds. By itself it would fail after less than a second.
+pyatspi.setTimeout(int(DEADLINE * 1000), int(DEADLINE * 1000))
 
 
 def wait_until(condition, what, deadline=None):
@@ -64,18 +67,25 @@ def keep_picture(window, name, *options):
     return path
 
 
+def search(*criteria):
+    """The numbers of the windows that can be seen and meet the criteria."""
+    while True:
+        # It counts as failed where there are none. When any window goes while it looks it breaks off instead: that
+        # says nothing about the others.
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", *criteria], capture_output=True, text=True)
+        if "X Error" not in found.stderr:
+            return found.stdout.split()
+
+
 def windows_named(name):
     """The numbers of the windows on screen whose titles match."""
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name], capture_output=True, text=True)
-    return found.stdout.split()  # it counts as failed where there are none
+    return search("--name", name)
 
 
 def windows_of(process):
     """The numbers of the windows of a process that can be seen, the last one in front. By size, since the desktop puts
     tiny ones beside them, and not by title, which may be in any script."""
-    found = subprocess.run(["xdotool", "search", "--all", "--onlyvisible", "--pid", str(process), "--class", ""],
-                           capture_output=True, text=True)
-    return [number for number in found.stdout.split() if width_of(number) >= 100]
+    return [number for number in search("--all", "--pid", str(process), "--class", "") if width_of(number) >= 100]
 
 
 def width_of(window):
@@ -93,6 +103,12 @@ def picture_of_window(window, name):
 def windows_on_screen():
     """The numbers of all windows that can be seen, tool tips among them."""
     return set(windows_named(".*"))
+
+
+def activate(window):
+    """Brings a window to the front and waits until it has the keyboard, which it may take later than the first place."""
+    run("xdotool", "windowactivate", "--sync", window)
+    wait_until(lambda: run("xdotool", "getwindowfocus").strip() == window, "keyboard for the window")
 
 
 def write_settings(values):
@@ -274,6 +290,19 @@ class Translator(Application):
         """Names of the menu entries that are lit up."""
         return [node.name for node in walk(self.find("menu bar")) if has(node, pyatspi.STATE_SELECTED)]
 
+    def choose_by_keys(self, key, *names):
+        """Opens a menu by its key and goes down to an entry, through submenus."""
+        for depth, name in enumerate(names, 2):
+            keys(key)
+            # A menu comes up with its first entry lit; a key too early would count from another one.
+            wait_until(lambda: len(self.selected_entries()) == depth, f"menu with '{name}'")
+            while self.selected_entries()[-1:] != [name]:
+                before = self.selected_entries()
+                keys("Down")
+                wait_until(lambda: self.selected_entries() != before, "next entry")
+            key = "Right"
+        keys("Return")
+
     def focused_text(self):
         """The text in the entry that has the keyboard in the dialog that is up."""
         entry = next(node for node in walk(self.box())
@@ -283,7 +312,7 @@ class Translator(Application):
     def focus_window(self):
         """Gives the window the keyboard."""
         number = wait_until(lambda: windows_named(MAIN_WINDOW), "window on screen")[-1]
-        run("xdotool", "windowactivate", "--sync", number)
+        activate(number)
         return number
 
     def status(self):

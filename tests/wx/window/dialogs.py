@@ -22,12 +22,7 @@ class DialogCase(WindowCase):
         """Chooses an entry of the menu bar by keys. Whatever asks a screen reader's interface to do it waits until the
         dialog is gone."""
         self.program.focus_window()
-        desktop.keys(menu_key)
-        for _ in range(20):
-            desktop.keys("Down")
-            if desktop.has(self.program.entry(name), pyatspi.STATE_SELECTED):
-                break
-        desktop.keys("Return")
+        self.program.choose_by_keys(menu_key, name)
 
     def press(self, button):
         """Goes to a button by the Tab key and presses it."""

@@ -35,7 +35,7 @@ class Editor:
         self.number = desktop.wait_until(lambda: editor_window("Small editor: "), "editor on screen")
 
     def activate(self):
-        desktop.run("xdotool", "windowactivate", "--sync", self.number)
+        desktop.activate(self.number)
 
     def write_and_save(self):
         self.activate()

@@ -35,16 +35,6 @@ class FilesCase(WindowCase):
             desktop.keys("Down")
             self.wait(lambda: self.program.selected_rows() != before, "next row")
 
-    def choose_by_keys(self, key, *names):
-        """Opens a menu by its key and goes down to an entry, through submenus."""
-        desktop.keys(key)
-        for name in names:
-            while not desktop.has(self.program.entry(name), pyatspi.STATE_SELECTED):
-                before = self.program.selected_entries()
-                desktop.keys("Down")
-                self.wait(lambda: self.program.selected_entries() != before, "next entry")
-            desktop.keys("Right" if name != names[-1] else "Return")
-
     def choose_file(self, path):
         """Types a path into the file chooser and takes it."""
         self.wait(lambda: self.program.find("file chooser"), "file chooser")
@@ -115,7 +105,7 @@ class CheckinTest(FilesCase):
 
     def test_menu_leads_there_too(self):
         self.select_by_keys(DOCUMENT)
-        self.choose_by_keys("alt+e", "Assign Translated File...")
+        self.program.choose_by_keys("alt+e", "Assign Translated File...")
         self.wait(lambda: self.program.find("file chooser", CHOOSER), "file chooser")
         desktop.keys("Escape")
         self.wait_for_no_chooser()
@@ -143,7 +133,7 @@ class ComponentTest(FilesCase):
         self.select_by_keys(name)
 
     def command(self, name):
-        self.choose_by_keys("alt+e", "Components...", name)
+        self.program.choose_by_keys("alt+e", "Components...", name)
 
     def test_delete_asks_and_takes_the_file_away(self):
         self.select_file("uebersicht.css")
@@ -205,7 +195,7 @@ class ReplaceAllTest(FilesCase):
     def choose_all_of(self, folder):
         """Goes to a folder in the file chooser and takes all its files."""
         self.select_by_keys(PICTURES_DOCUMENT)
-        self.choose_by_keys("alt+e", "Components...", "Replace all component files")
+        self.program.choose_by_keys("alt+e", "Components...", "Replace all component files")
         self.take_all(folder)
 
     def take_all(self, folder):

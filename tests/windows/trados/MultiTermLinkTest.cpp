@@ -10,8 +10,6 @@
 namespace qb {
 namespace {
 
-constexpr std::chrono::milliseconds kShort{2000};
-
 class MultiTermLinkTest : public ::testing::Test {
  protected:
   MultiTermLinkTest() {
@@ -34,7 +32,7 @@ class MultiTermLinkTest : public ::testing::Test {
     return Attempt([&] { answer_ = conversation_->Request(R"(mt_open#C:\A.MTW)"); }) ? 0 : Err.Number;
   }
 
-  Win32Dde dde_{kShort};
+  Win32Dde dde_;
   Win32ApplicationWindows windows_;
   std::unique_ptr<StandInProcess> multiTerm_;
   std::unique_ptr<DdeConversation> conversation_;

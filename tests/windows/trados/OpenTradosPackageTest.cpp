@@ -87,7 +87,7 @@ class OpenTradosPackageTest : public WorkflowTest {
   }
   /// The boxes behind a request that is not answered in time.
   std::vector<std::string> BoxesWithoutAnAnswer(const std::wstring& mode) {
-    constexpr std::chrono::milliseconds kShort{1000};
+    constexpr std::chrono::milliseconds kShort{3000};
     ThePlatform().dde = std::make_unique<Win32Dde>(kShort);
     return BoxesWith(mode);
   }

@@ -41,13 +41,14 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM secon
 
 int main(int, char** argv) {
   EndAfterAWhile();
-  lines = std::fopen(argv[1], "wb");
   WNDCLASSW windowClass{};
   windowClass.lpfnWndProc = OnMessage;
   windowClass.lpszClassName = L"StandInTraceViewer";
   RegisterClassW(&windowClass);
   CreateWindowW(L"StandInTraceViewer", L"ORB Trace Log Viewer", WS_OVERLAPPEDWINDOW, 10, 10, 200, 100,
                 nullptr, nullptr, nullptr, nullptr);
+  // Behind the window: whoever sees the file finds the viewer. Records wait for the loop.
+  lines = std::fopen(argv[1], "wb");
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
   return std::fclose(lines);

@@ -110,7 +110,7 @@ void OfficeClient::Start() {
   };
   process_ =
       ThePlatform().helpers->Start(options_.helper, {"--profile", ProfileToStart(), "--patience", kPatience},
-                                   std::move(events), options_.limits.line);
+                                   std::move(events), options_.limits->line);
   ended_ = process_ == nullptr;
   runs_ = !ended_;
   Trace(2, kModule, "Start", "{} with {}: {}", options_.helper, ProfileToStart(),
@@ -124,15 +124,15 @@ void OfficeClient::Start() {
 /// A helper whose office has gone is about to end; its profile is free afterwards.
 void OfficeClient::AwaitEndOfOld() {
   const auto start = SteadyClock::now();
-  while (!ended_ && process_ != nullptr && Since(start) < options_.limits.end) {
-    process_->Wait(Number(options_.limits.slice));
+  while (!ended_ && process_ != nullptr && Since(start) < options_.limits->end) {
+    process_->Wait(Number(options_.limits->slice));
   }
   process_.reset();
 }
 
 void OfficeClient::StartAtNextProfile() {
   taken_ = false;
-  if (profile_ >= options_.limits.profiles) {
+  if (profile_ >= options_.limits->profiles) {
     Lose("LibreOffice could not be started: all profile folders are in use.");
     return;
   }
@@ -161,7 +161,7 @@ Json OfficeClient::Call(std::string_view call, Json arguments) {
 Json OfficeClient::Await(std::int64_t id) {
   const auto start = SteadyClock::now();
   auto painted = start;
-  WaitingSign sign(options_.limits.patience);
+  WaitingSign sign(options_.limits->patience);
   for (;;) {
     if (taken_) StartAtNextProfile();
     if (const auto found = answers_.find(id); found != answers_.end()) {
@@ -172,14 +172,14 @@ Json OfficeClient::Await(std::int64_t id) {
     if (!runs_ && left_) RaiseEnded(loss_);
     if (!runs_) Raise(loss_);
     const milliseconds waited = Since(start);
-    if (waited >= options_.limits.answer) {
+    if (waited >= options_.limits->answer) {
       process_->Kill();
       ++profile_;  // the office that hangs keeps its own
       Lose("LibreOffice does not answer.");
       continue;
     }
-    const bool told = process_->Wait(Number(options_.limits.slice));
-    if (told && Since(painted) < options_.limits.slice) continue;
+    const bool told = process_->Wait(Number(options_.limits->slice));
+    if (told && Since(painted) < options_.limits->slice) continue;
     sign.Turn(waited, ready_ ? "Waiting for LibreOffice..." : "Starting LibreOffice...");
     painted = SteadyClock::now();
   }
@@ -191,7 +191,7 @@ void OfficeClient::End() {
   quits_ = true;
   process_->Send(LineOf(++lastId_, "quit", Json::object()));
   const auto start = SteadyClock::now();
-  while (!ended_ && Since(start) < options_.limits.end) process_->Wait(Number(options_.limits.slice));
+  while (!ended_ && Since(start) < options_.limits->end) process_->Wait(Number(options_.limits->slice));
 }
 
 void OfficeClient::TakeLine(std::string_view line) {

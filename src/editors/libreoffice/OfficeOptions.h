@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <memory>
 #include <string>
 
 namespace qb {
@@ -19,7 +20,8 @@ struct OfficeLimits {
 struct OfficeOptions {
   std::string helper;    ///< path of the helper, as the program writes paths
   std::string profiles;  ///< native folder in which the profiles lie
-  OfficeLimits limits;
+  /// Read at each use, so whoever made them may change them.
+  std::shared_ptr<const OfficeLimits> limits = std::make_shared<OfficeLimits>();
 };
 
 }  // namespace qb

@@ -214,7 +214,7 @@ TEST_F(OfficeGroupsTest, WhatTheUserDoesIsRaisedInItsOrderEachOnce) {
 
 TEST_F(OfficeGroupsTest, AnEventBehindTheAnswerToItsOpeningIsRaisedAfterTheReturn) {
   // In one piece, so that the document's events are read before it has its handlers.
-  Script({kReady, "on open", R"(part {"id":1,"result":{"document":9,"kind":"text"}})", "end",
+  Script({kReady, "on open", R"({"id":$id,"result":{"document":9,"kind":"text"}})",
           R"({"event":"closed","document":9})", "serve"});
   const auto document = Open(*AddGroup(kB), kB);
   RunUntil([&] { return !events_.empty(); });

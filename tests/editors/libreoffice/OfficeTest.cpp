@@ -12,7 +12,7 @@
 namespace qb {
 namespace {
 
-constexpr std::chrono::seconds kLongest{10};
+constexpr std::chrono::seconds kLongest{60};
 
 }  // namespace
 
@@ -24,8 +24,9 @@ OfficeTest::OfficeTest() {
   profiles_ = Native(R"(\profiles)");
   std::filesystem::create_symlink(QB_FAKE_OFFICE_PROGRAM, Native(R"(\bin\quillbank-office)"));
   setenv("QB_FAKE_OFFICE", scripts_.c_str(), 1);
-  limits_.answer = kLongest;
-  limits_.end = std::chrono::milliseconds(2000);
+  limits_->answer = kLongest;
+  limits_->end = kLongest;
+  limits_->patience = kLongest;
   for (const char* path : {R"(\pkg\a.doc)", R"(\pkg\b.doc)", R"(\pkg\c.doc)", R"(\pkg\d.ppt)"})
     Write(path, path);
 }

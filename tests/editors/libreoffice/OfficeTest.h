@@ -13,8 +13,7 @@
 
 namespace qb {
 
-/// The bridge over LibreOffice with a helper that plays scripts: see fake/FakeOffice.cpp. Time limits
-/// are short.
+/// The bridge over LibreOffice with a helper that plays scripts: see fake/FakeOffice.cpp.
 class OfficeTest : public WorkflowTest {
  protected:
   static constexpr const char* kReady = R"({"event":"ready"})";
@@ -27,7 +26,7 @@ class OfficeTest : public WorkflowTest {
   /// Makes the file that a script awaits.
   void Signal(const std::string& name);
 
-  /// The office of the process; made at the first call, with the limits as they are then.
+  /// The office of the process; made at the first call.
   Office& TheOffice();
   /// A new view onto it.
   std::shared_ptr<IBridge> Bridge();
@@ -57,7 +56,8 @@ class OfficeTest : public WorkflowTest {
     return (profiles_ / ("office-" + std::to_string(number))).string();
   }
 
-  OfficeLimits limits_;
+  /// Those of the office, which may change at any time. Only a hang reaches them as they are.
+  std::shared_ptr<OfficeLimits> limits_ = std::make_shared<OfficeLimits>();
   std::vector<std::string> events_;
   std::filesystem::path scripts_;
   std::filesystem::path profiles_;

@@ -45,22 +45,24 @@ class FakeOffice {
  public:
   explicit FakeOffice(fs::path folder) : folder_(std::move(folder)) {}
 
-  void NoteStart(const std::string& arguments) { Append("starts", arguments); }
-
-  void Play() {
+  /// A start that is noted has its script: it may be ended, and the next one takes the next script.
+  void Play(const std::string& arguments) {
     fs::path script;
     for (const auto& entry : fs::directory_iterator(folder_)) {
       const bool isScript = entry.path().filename().string().starts_with("start-");
       if (isScript && (script.empty() || entry.path() < script)) script = entry.path();
     }
+    std::vector<std::string> lines;
+    if (!script.empty()) {
+      std::ifstream stream(script);
+      for (std::string line; std::getline(stream, line);) lines.push_back(line);
+      fs::remove(script);
+    }
+    Append("starts", arguments);
     if (script.empty()) {
       Put("{\"event\":\"ready\"}\n");
       Serve(-1);
     } else {
-      std::ifstream stream(script);
-      std::vector<std::string> lines;
-      for (std::string line; std::getline(stream, line);) lines.push_back(line);
-      fs::remove(script);
       std::string said;
       for (const std::string& line : lines) {
         if (line.starts_with("{")) {
@@ -157,6 +159,5 @@ int main(int count, char** arguments) {
   FakeOffice office(std::getenv("QB_FAKE_OFFICE"));
   std::string line;
   for (int i = 1; i < count; ++i) line += std::string(i > 1 ? " " : "") + arguments[i];
-  office.NoteStart(line);
-  office.Play();
+  office.Play(line);
 }

@@ -10,10 +10,13 @@
 namespace qb {
 namespace {
 
+constexpr std::chrono::seconds kLong{60};         // for what comes
+constexpr std::chrono::milliseconds kShort{500};  // for what never comes
+
 class LinuxDdeTest : public ::testing::Test {
  protected:
   std::unique_ptr<DdeConversation> Connect() { return dde_.Connect("MT4WIN", "mt_init"); }
-  /// What the request to open a file ends in, in a program of this mode.
+  /// What the request to open a file ends in, in a program of this mode, which does not hang.
   long FailureOfOpen(const std::string& mode) {
     const StandInMultiTerm multiTerm(mode);
     const auto conversation = Connect();
@@ -21,8 +24,8 @@ class LinuxDdeTest : public ::testing::Test {
   }
 
   OwnSessionBus bus_;
-  LinuxDde dde_;
-  LinuxApplicationWindows windows_;
+  LinuxDde dde_{kLong};
+  LinuxApplicationWindows windows_{kLong};
   std::string answer_;
 };
 
@@ -79,8 +82,10 @@ TEST_F(LinuxDdeTest, Request_Refused_RaisesWithTheWordsOfTheProgram) {
 
 TEST_F(LinuxDdeTest, Request_ProgramHangs_RaisesInTime) {
   const StandInMultiTerm multiTerm("hang");
-  LinuxDde impatient(std::chrono::seconds(2));
-  const auto conversation = impatient.Connect("MT4WIN", "mt_init");
+  LinuxDde impatient(kShort);
+  std::unique_ptr<DdeConversation> conversation;
+  ASSERT_TRUE(
+      Eventually([&] { return Attempt([&] { conversation = impatient.Connect("MT4WIN", "mt_init"); }); }));
   EXPECT_FALSE(Attempt([&] { conversation->Request("mt_open#/a.mtw"); }));
   EXPECT_EQ(Err.Number, failure::kDdeTimeout);
 }

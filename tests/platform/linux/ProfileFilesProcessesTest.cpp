@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <string>
@@ -20,7 +21,8 @@ constexpr std::string_view kFile = R"(\Trans.pxf)";
 
 /// A process of its own with profile files of its own.
 struct Workbench {
-  explicit Workbench(const std::string& root) : files(root) {}
+  /// Waits for others as long as a slow disk takes.
+  explicit Workbench(const std::string& root) : files(root, std::chrono::minutes(2)) {}
 
   bool Set(std::string_view section, const std::string& key, std::string_view value) {
     return profiles.WritePrivateProfileString(section, key, value, kFile);

@@ -62,7 +62,7 @@ class OfficeSession : public WorkflowTest {
     Write(kPackage, text);
     CopySample("src", kSource);
     CopySample("dst", kTranslation);
-    office_ = Office::Make({R"(\bin\quillbank-office)", Native(R"(\profiles)").string(), {}});
+    office_ = Office::Make({R"(\bin\quillbank-office)", Native(R"(\profiles)").string()});
     gEditorQuestions.newDocumentBridge = [this] { return MakeOfficeBridge(office_); };
     Start(kPackage);
     if (gTraceOn) ToggleTrace();

@@ -1,5 +1,6 @@
 #include <signal.h>
 
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 
@@ -48,7 +49,12 @@ class DeathTest : public FolderTest {
 };
 
 TEST_F(DeathTest, anOfficeThatDiesAtItsStartIsTold) {
-  HelperProcess helper(Path("profile"));
+  // It listens elsewhere, so that its start is not over before it dies.
+  const std::string launcher = Path("soffice");
+  std::ofstream(launcher) << "#!/bin/bash\nexec " << QB_OFFICE_PROGRAM
+                          << "/soffice \"${@/pipe,name=/pipe,name=not_}\"\n";
+  std::filesystem::permissions(launcher, std::filesystem::perms::owner_all);
+  HelperProcess helper(Path("profile"), {"--office", launcher});
   Signal(helper.OfficePid(), SIGKILL);
   const std::vector<json> lines = helper.ReadToEnd();
   ASSERT_EQ(lines.size(), 1U);
@@ -106,12 +112,21 @@ TEST_F(DeathTest, outlivesWhatEndsAProgramFromATerminalOrAtALogout) {
 }
 
 TEST_F(DeathTest, answersARequestWhoseOfficeDies) {
+  PrepareUno();
+  const std::string path = Sample();
   HelperProcess helper(Path("profile"));
-  const int document = Open(helper, Sample());
+  const int document = Open(helper, path);
   const pid_t office = helper.OfficePid();
-  // It hangs, so that the request is under way for certain.
-  Signal(office, SIGSTOP);
-  const int request = helper.Send("links", {{"document", document}});
+  OfficeUser user(helper.Pipe());
+  user.Write(path, "More");
+  // It hangs in the middle of the first request, and the second one waits.
+  std::atomic<bool> hangs = false;
+  user.At("OnSave", [office, &hangs] {
+    Signal(office, SIGSTOP);
+    hangs = true;
+  });
+  const int request = helper.Send("close", {{"documents", {document}}});
+  ASSERT_TRUE(WaitUntil([&hangs] { return hangs.load(); }));
   helper.Send("title", {{"document", document}});
   Signal(office, SIGKILL);
   EXPECT_EQ(helper.WaitForAnswer(request).value("code", ""), "office");
@@ -119,7 +134,8 @@ TEST_F(DeathTest, answersARequestWhoseOfficeDies) {
 }
 
 TEST_F(DeathTest, doesNotWaitForAnOfficeThatHangs) {
-  HelperProcess helper(Path("profile"), {"--patience", "1"});
+  // Long enough for a slow machine to open a document.
+  HelperProcess helper(Path("profile"), {"--patience", "4"});
   helper.WaitForEvent("ready");
   const std::string path = Sample();
   const pid_t office = helper.OfficePid();

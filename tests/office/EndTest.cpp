@@ -96,7 +96,7 @@ TEST_F(EndTest, isNoneIfTheUserTakesItBack) {
   const std::string path = Sample("wartung");
   Open(path);
   User().Write(path, "More");
-  ASSERT_TRUE(WaitUntil([] { return WindowsOnScreen() == 1; }));
+  ASSERT_TRUE(WaitUntil([&] { return User().IsActive(path) && WindowsOnScreen() == 1; }));
   std::ignore = std::system("xdotool key --clearmodifiers ctrl+q");
   ASSERT_TRUE(WaitUntil([] { return WindowsOnScreen() == 2; }));
   ASSERT_TRUE(

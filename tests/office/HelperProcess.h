@@ -19,7 +19,7 @@ class HelperProcess {
   /// Ends helper and office if they live.
   ~HelperProcess();
 
-  /// Sends a request; the result is its number.
+  /// Sends a request; the result is its number. A helper that has ended does not hear it.
   int Send(const std::string& call, nlohmann::json arguments = nlohmann::json::object());
   void SendLine(const std::string& line) const;
   /// Sends a request and waits for its answer: `result`, or `error` with `code` and `text`.

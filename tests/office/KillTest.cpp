@@ -1,6 +1,9 @@
 #include <signal.h>
 
 #include <algorithm>
+#include <com/sun/star/util/XCloseListener.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+#include <cppuhelper/implbase1.hxx>
 #include <filesystem>
 #include <memory>
 #include <vector>
@@ -16,6 +19,21 @@ namespace qb::office {
 namespace {
 
 using nlohmann::json;
+
+/// Kills the office in the middle of an attempt to close a document.
+class KillAtClose : public cppu::WeakImplHelper1<com::sun::star::util::XCloseListener> {
+ public:
+  explicit KillAtClose(pid_t office) : office_(office) {}
+  void SAL_CALL queryClosing(const com::sun::star::lang::EventObject& /*source*/,
+                             sal_Bool /*owns*/) override {
+    Signal(office_, SIGKILL);
+  }
+  void SAL_CALL notifyClosing(const com::sun::star::lang::EventObject& /*source*/) override {}
+  void SAL_CALL disposing(const com::sun::star::lang::EventObject& /*source*/) override {}
+
+ private:
+  const pid_t office_;
+};
 
 /// The office is killed in the middle of something, while another document is open that has no part in it.
 /// Each test hands on the office that it needed after the kill.
@@ -104,7 +122,7 @@ TEST_F(KillTest, whileADocumentIsOpened) {
 
 TEST_F(KillTest, whileALongDocumentIsRead) {
   std::string text = "<html><body>";
-  for (int line = 0; line < 50000; ++line) text += "<p>Line <b>" + std::to_string(line) + "</b></p>\n";
+  for (int line = 0; line < 500000; ++line) text += "<p>Line <b>" + std::to_string(line) + "</b></p>\n";
   Put("long.html", text + "</body></html>");
   const int request = Helper().Send("open", {{"path", Path("long.html")}, {"readOnly", false}});
   ASSERT_TRUE(WaitUntil([this] { return Exists(".~lock.long.html#"); }));
@@ -145,9 +163,11 @@ TEST_F(KillTest, whileADialogIsOpen) {
   ASSERT_TRUE(WaitUntil([] { return WindowsOnScreen() == 2; }));
   User().Begin(Path("wartung.doc"), ".uno:FontDialog");
   ASSERT_TRUE(WaitUntil([] { return WindowsOnScreen() == 3; }));
-  const int request = Helper().Send("close", {{"documents", {document}}});
-  Signal(Office(), SIGKILL);
-  EXPECT_EQ(Helper().WaitForAnswer(request).value("code", ""), "office");
+  User().Do([this] {
+    Reference<com::sun::star::util::XCloseable>(User().Model(Path("wartung.doc")), UNO_QUERY_THROW)
+        ->addCloseListener(new KillAtClose(Office()));
+  });
+  EXPECT_EQ(Helper().Ask("close", {{"documents", {document}}}).value("code", ""), "office");
   ExpectClosedOnce({document, Bystander()});
 }
 

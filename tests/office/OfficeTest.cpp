@@ -81,7 +81,7 @@ void OfficeTest::Press(const std::string& path, const std::string& keys) {
 
 bool OfficeTest::PressIn(const std::string& window, const std::string& keys) {
   // Keys that are sent in one go with a window's name are marked as sent, and ignored.
-  const std::string command = "timeout 30 xdotool search --sync --onlyvisible --name '^" + window +
+  const std::string command = "timeout 60 xdotool search --sync --onlyvisible --name '^" + window +
                               "' windowactivate --sync && xdotool key --clearmodifiers " + keys;
   return std::system(command.c_str()) == 0;
 }

@@ -30,7 +30,7 @@ namespace text = com::sun::star::text;
 
 namespace {
 
-constexpr std::chrono::milliseconds kPatience{30000};
+constexpr std::chrono::milliseconds kPatience{60000};
 
 void Dispatch(const OfficeConnection& line, const Reference<frame::XModel>& model, const std::string& command,
               bool waits) {

@@ -38,7 +38,7 @@ class OfficeUser {
   void StoreAs(const std::string& path, const std::string& name, const std::string& filter);
   std::string BuiltInTitle(const std::string& path);
   /// Runs anything on the office's main thread.
-  void Do(const std::function<void()>& work) { line_.Run(work, std::chrono::seconds(30)); }
+  void Do(const std::function<void()>& work) { line_.Run(work, std::chrono::seconds(60)); }
   Reference<com::sun::star::frame::XDesktop2> Desktop() const { return line_.Desktop(); }
   Reference<uno::XComponentContext> Context() const { return line_.Context(); }
   Reference<com::sun::star::frame::XModel> Model(const std::string& path) const;

@@ -34,9 +34,10 @@ constexpr milliseconds kBetweenAttemptsToClose{200};
 /// A dialog that is not answered meanwhile keeps its document open.
 constexpr milliseconds kDialog{10000};
 constexpr milliseconds kMissed{100};
-/// A window manager takes about that long for a window's place, and at times forgets it at first.
+/// A window manager takes about that long for a window's place, at times forgets it at first, and takes
+/// several times as long on a busy machine.
 constexpr milliseconds kPlaced{150};
-constexpr int kAttemptsToPlace = 8;
+constexpr int kAttemptsToPlace = 20;
 
 using Models = std::vector<Reference<com::sun::star::frame::XModel>>;
 using Places = std::vector<com::sun::star::awt::Rectangle>;

@@ -35,8 +35,13 @@ constexpr std::chrono::milliseconds kPatience{60000};
 void Dispatch(const OfficeConnection& line, const Reference<frame::XModel>& model, const std::string& command,
               bool waits) {
   const Reference<frame::XDispatchProvider> frame(model->getCurrentController()->getFrame(), UNO_QUERY_THROW);
-  frame::DispatchHelper::create(line.Context())
-      ->executeDispatch(frame, ToUno(command), "", 0, ToArguments({Named("SynchronMode", Any(waits))}));
+  const auto helper = frame::DispatchHelper::create(line.Context());
+  const Any result =
+      helper->executeDispatch(frame, ToUno(command), "", 0, ToArguments({Named("SynchronMode", Any(waits))}));
+  // The result holds what did the work, which a close leaves to nobody else. Its last holder must not be the
+  // office's thread that writes to us: that one would wait for the main thread, which waits for its next word
+  // to be written. The thread has let go of the result when it writes another answer.
+  line.Context()->getValueByName("");
 }
 
 class EventListener : public cppu::WeakImplHelper1<com::sun::star::document::XDocumentEventListener> {

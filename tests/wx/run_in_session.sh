@@ -22,7 +22,7 @@ unset DBUS_SESSION_BUS_ADDRESS WAYLAND_DISPLAY
 # The server says on the pipe which display it found free. It does not start anew whenever its only client goes, which would
 # take the window manager along that is just coming.
 mkfifo "$home/display"
-Xvfb -displayfd 3 -screen 0 "${QB_SCREEN:-1280x900x24}" -nolisten tcp -noreset 3>"$home/display" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 "${QB_SCREEN:-1280x900x24}" -nolisten tcp -noreset -r 3>"$home/display" 2>/dev/null &
 server=$!
 read -r number <"$home/display"
 export DISPLAY=":$number"

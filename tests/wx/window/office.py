@@ -8,12 +8,12 @@ import re
 import signal
 import subprocess
 import tempfile
-import threading
 
 import desktop
 import odf
 
 USER = os.environ.get("QB_OFFICE_USER", "")
+HOLD_LIBRARY = os.environ.get("QB_HOLD_LIBRARY", "")
 # Only in the session of the test: processes are found, and killed, by this folder.
 PROFILES = os.path.join(os.environ["XDG_CACHE_HOME"], "quillbank-translator")
 if not PROFILES.startswith("/tmp/"):
@@ -123,17 +123,23 @@ def hold_office():
     """Lets the office stand still, as on a slow machine, until `release_office`. Waits until there is one."""
     desktop.wait_until(office_process, "process of the office")
     send_to_office(signal.SIGSTOP)
+    desktop.wait_until(stands_still, "office that stands still")
 
 
 @contextlib.contextmanager
 def held_from_the_start():
     """Lets the office that is started inside stand still before it can do anything."""
-    watch = threading.Thread(target=hold_office)
-    watch.start()
-    try:
-        yield
-    finally:
-        watch.join()
+    with tempfile.NamedTemporaryFile() as mark:
+        os.environ.update(LD_PRELOAD=HOLD_LIBRARY, QB_HOLD_OFFICE=mark.name)
+        try:
+            yield
+        finally:
+            del os.environ["LD_PRELOAD"], os.environ["QB_HOLD_OFFICE"]
+        desktop.wait_until(stands_still, "office that stands still")
+
+
+def stands_still():
+    return pathlib.Path(f"/proc/{office_process()}/stat").read_text().rsplit(")", 1)[1].split()[0] == "T"
 
 
 def release_office():

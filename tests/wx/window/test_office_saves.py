@@ -177,7 +177,8 @@ class SavesTest(OfficeCase):
         desktop.keys("ctrl+q")
         self.assertEqual(self.program.wait_for_end(), 0)
         self.start(self.package)
-        return self.program.cell(WORD) and self.program.box() is None
+        desktop.wait_until(lambda: self.program.cell(WORD), "package in the window")
+        return self.program.box() is None
 
 
 if __name__ == "__main__":

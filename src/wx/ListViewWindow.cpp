@@ -47,6 +47,7 @@ void ListViewWindow::BindEvents() {
   });
   BindRightUp(*view_, [this] { RaiseContextMenu(*view_, list_); });
   LeaveSearchKeyToMenus(*view_);
+  SearchByAnyText(*view_);
   BindKeyDown(*view_, [this](wxKeyEvent& event) {
     // One of the platforms would take the space bar as a double click.
     if (!RaiseKey(event, *view_, list_) && event.GetKeyCode() != WXK_SPACE) event.Skip();

@@ -46,6 +46,7 @@ void TableTreeWindow::BindEvents() {
               [this](wxDataViewEvent& event) { SelectUnderPointer(event); });
   BindRightUp(*view_, [this] { RaiseContextMenu(*view_, tree_); });
   LeaveSearchKeyToMenus(*view_);
+  SearchByAnyText(*view_);
   BindKeyDown(*view_, [this](wxKeyEvent& event) { OnKeyDown(event); });
 }
 

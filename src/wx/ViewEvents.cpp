@@ -24,6 +24,29 @@ gboolean StopSearch(GtkTreeView* rows, gpointer) {
   g_signal_stop_emission_by_name(rows, kStartSearch);
   return FALSE;  // the key was for somebody else
 }
+
+wxString TextIn(const wxDataViewModel& model, const wxDataViewItem& row, unsigned column) {
+  wxVariant value;
+  model.GetValue(value, row, column);
+  if (value.GetType() != "wxDataViewIconText") return value.GetString();
+  wxDataViewIconText text;
+  text << value;
+  return text.GetText();
+}
+
+/// FALSE where the row is one that is looked for: the toolkit asks for a comparison, not for a yes.
+gboolean IsAnother(GtkTreeModel* rows, gint, const gchar* typed, GtkTreeIter* row, gpointer data) {
+  const auto& view = *static_cast<const wxDataViewCtrl*>(data);
+  GtkTreePath* path = gtk_tree_model_get_path(rows, row);
+  const wxDataViewItem item = view.GTKPathToItem(path);
+  gtk_tree_path_free(path);
+  const wxString wanted = wxString::FromUTF8(typed).Lower();
+  const wxDataViewModel& model = *view.GetModel();
+  for (unsigned column = 0; column < view.GetColumnCount(); ++column) {
+    if (TextIn(model, item, column).Lower().StartsWith(wanted)) return FALSE;
+  }
+  return TRUE;
+}
 #endif
 
 }  // namespace
@@ -31,6 +54,12 @@ gboolean StopSearch(GtkTreeView* rows, gpointer) {
 void LeaveSearchKeyToMenus([[maybe_unused]] wxDataViewCtrl& view) {
 #ifdef __WXGTK__
   g_signal_connect(view.GtkGetTreeView(), kStartSearch, G_CALLBACK(StopSearch), nullptr);
+#endif
+}
+
+void SearchByAnyText([[maybe_unused]] wxDataViewCtrl& view) {
+#ifdef __WXGTK__
+  gtk_tree_view_set_search_equal_func(GTK_TREE_VIEW(view.GtkGetTreeView()), IsAnother, &view, nullptr);
 #endif
 }
 

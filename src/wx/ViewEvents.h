@@ -14,6 +14,9 @@ void BindRightUp(wxDataViewCtrl& view, std::function<void()> handler);
 
 /// Leaves Ctrl+F, with which the desktop's own rows begin a search, to the menus.
 void LeaveSearchKeyToMenus(wxDataViewCtrl& view);
+/// Lets the search that the desktop's own rows begin at the first letter typed find a row by the beginning of
+/// any text in it, whatever the case. Without this it would look for nothing, and take the selection away.
+void SearchByAnyText(wxDataViewCtrl& view);
 
 /// The character code of the Return key.
 inline constexpr int kReturnCode = 13;

@@ -98,6 +98,36 @@ class TreeTest(WindowCase):
                 abs(tree.y + tree.height - status.y) <= 4)
 
 
+class SearchTest(WindowCase):
+    def type(self, letters):
+        self.program.focus_window()
+        desktop.run("xdotool", "type", letters)
+
+    def wait_for_selection(self, text):
+        self.wait(lambda: desktop.has(self.program.cell(text), pyatspi.STATE_SELECTED), f"selection of '{text}'")
+
+    def test_letters_typed_find_a_document_by_its_technical_name(self):
+        self.start_with_sample()
+        self.type("aq_st")
+        self.wait_for_selection("AQ_STOERUNGEN")
+        self.type("i")
+        self.wait_for_selection("AQ_STIL")
+        desktop.keys("Escape", "F3")
+        self.program.wait_for_box("Are you sure to re-define the status of this object")
+        self.program.answer("Yes")
+        self.wait(lambda: self.package_value("PROGRESS", "AQ_STIL") == "MODIFIED", "state in the package")
+
+    def test_letters_typed_find_a_document_by_its_title_in_its_own_script(self):
+        self.start_with_sample()
+        self.type("STÖ")
+        self.wait_for_selection("AQ_STOERUNGEN")
+
+    def test_letters_typed_find_a_row_of_the_list(self):
+        self.start_with_sample(ViewDetailed="1")
+        self.type("aq_st")
+        self.wait_for_selection("AQ_STOERUNGEN")
+
+
 class ContextMenuTest(WindowCase):
     def setUp(self):
         super().setUp()

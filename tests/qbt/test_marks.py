@@ -57,7 +57,8 @@ class Marks(Changing):
         self.assertEqual(1, result.code)
         self.assertIn("qbt: FIXED: State change failed", result.err)
         result = self.qbt("-y", "mark", "FIXED", "FRESH", "in-progress")
-        self.assertIn("FRESH: in-progress", result.out)
+        self.assertEqual((1, "FRESH: in-progress\n"), (result.code, result.out))
+        self.assertEqual("qbt: FIXED: The document is read-only and keeps its state\n", result.err)
 
     def test_aWrongNameDoesNotEvenTouchThePackage(self):
         before = self.tree()

@@ -8,6 +8,7 @@
 
 #include "apps/qbt/ExitCode.h"
 #include "apps/qbt/PackageArgument.h"
+#include "apps/qbt/Progress.h"
 #include "foundation/gRvdFile.h"
 #include "model/CLoioEntry.h"
 #include "model/CPxfFile.h"
@@ -37,10 +38,22 @@ Change Plain(void (*command)()) {
   };
 }
 
+/// The window's command succeeds with a read-only document, which it leaves as it is. A script has to learn
+/// that.
 Change Mark(const std::string& state) {
-  if (state == "in-progress") return Plain(QbtMarkInProgress);
-  if (state == "completed") return Plain(QbtMarkCompleted);
-  return Plain(QbtMarkToBeTranslated);
+  void (*const command)() = state == "in-progress" ? QbtMarkInProgress
+                            : state == "completed" ? QbtMarkCompleted
+                                                   : QbtMarkToBeTranslated;
+  return [command](WorkbenchSession& session, const std::vector<std::string>&) {
+    command();
+    const CState& now = *gLoios->Item(GetKeyFromSelection())->state;
+    if (session.Boxes().Outcome.IsFine() && ProgressOf(now) == Progress::kReadOnly) {
+      MessageBoxRequest refusal;
+      refusal.text = "The document is read-only and keeps its state";
+      session.Boxes().Show(refusal);
+    }
+    return exitcode::kFine;
+  };
 }
 
 int Translate(WorkbenchSession& session, const std::vector<std::string>&) {

@@ -167,6 +167,9 @@ bool CachedProfileFiles::EndBatch() {
 }
 
 void CachedProfileFiles::Refuse(std::string_view path, std::string_view reason) {
+  // A failure of the file system names its file behind the reason.
+  const std::string named = fmt::format(" ('{}')", path);
+  if (reason.ends_with(named)) reason.remove_suffix(named.size());
   lastRefusal_ = fmt::format("{}: {}", path, reason);
 }
 

@@ -265,7 +265,7 @@ TEST_F(CachedProfileFilesTest, Write_ReadOnlyFile_IsRefused) {
 
 TEST_F(CachedProfileFilesTest, Write_MissingFolder_IsRefused) {
   EXPECT_FALSE(Set("A", "K", "2", R"(\nowhere\Trans.pxf)"));
-  EXPECT_THAT(profiles_.LastRefusal(), HasSubstr("Path not found"));
+  EXPECT_EQ(profiles_.LastRefusal(), R"(\nowhere\Trans.pxf: Path not found)");
 }
 
 TEST_F(CachedProfileFilesTest, Length_IsThatOfTheFile) {

@@ -19,6 +19,7 @@
 #include <memory>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include "apps/office/Failure.h"
 #include "apps/office/UnoText.h"
@@ -49,6 +50,8 @@ class EventListener : public cppu::WeakImplHelper1<com::sun::star::document::XDo
   EventListener(std::string event, std::function<void()> then)
       : event_(std::move(event)), then_(std::move(then)) {}
   void SAL_CALL documentEventOccured(const com::sun::star::document::DocumentEvent& event) override {
+    // Letting go of a view inside the office's call can hang the office.
+    views_.push_back(event.ViewController);
     if (ToUtf8(event.EventName) == event_) then_();
   }
   void SAL_CALL disposing(const com::sun::star::lang::EventObject& /*source*/) override {}
@@ -56,6 +59,7 @@ class EventListener : public cppu::WeakImplHelper1<com::sun::star::document::XDo
  private:
   const std::string event_;
   const std::function<void()> then_;
+  std::vector<Reference<frame::XController2>> views_;
 };
 
 }  // namespace

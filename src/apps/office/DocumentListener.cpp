@@ -1,6 +1,6 @@
 #include "apps/office/DocumentListener.h"
 
-#include <com/sun/star/document/XDocumentEventBroadcaster.hpp>
+#include <com/sun/star/document/XEventBroadcaster.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <exception>
 #include <iostream>
@@ -28,11 +28,14 @@ DocumentListener::DocumentListener(int document, std::string path, std::string k
 }
 
 void DocumentListener::Listen(const Reference<com::sun::star::frame::XModel>& model) {
-  Reference<document::XDocumentEventBroadcaster>(model, UNO_QUERY_THROW)->addDocumentEventListener(this);
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+  Reference<document::XEventBroadcaster>(model, UNO_QUERY_THROW)->addEventListener(this);
+#pragma GCC diagnostic pop
   Reference<com::sun::star::util::XCloseable>(model, UNO_QUERY_THROW)->addCloseListener(this);
 }
 
-void DocumentListener::documentEventOccured(const document::DocumentEvent& event) {
+void DocumentListener::notifyEvent(const document::EventObject& event) {
   if (event.EventName == "OnSaveAsDone") {
     const Reference<com::sun::star::frame::XModel> model(event.Source, UNO_QUERY);
     isOwnFile_ = model.is() && IsSameFile(FilePath(model->getURL()), path_);

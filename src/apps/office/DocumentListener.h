@@ -1,7 +1,7 @@
 #pragma once
 
 #include <atomic>
-#include <com/sun/star/document/XDocumentEventListener.hpp>
+#include <com/sun/star/document/XEventListener.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <com/sun/star/util/XCloseListener.hpp>
@@ -20,7 +20,11 @@ struct LastWords {
 };
 
 /// Tells what becomes of one document. The office calls it on threads of its own.
-class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::XDocumentEventListener,
+///
+/// It hears the events that bear the document alone. The newer kind, which is to take their place, bears the
+/// document's view too. Were we the last to let go of that, the office would end it before it takes our next
+/// answer, and wait with that for its main thread, which waits for the answer.
+class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::XEventListener,
                                                       com::sun::star::util::XCloseListener> {
  public:
   /// `happenings` outlives the line to the office. `base` is what the addresses in the last words are
@@ -39,7 +43,7 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
   /// What its last save left, of a document that is closed and was not asked since; else nothing.
   const std::optional<LastWords>& Last() const { return last_; }
 
-  void SAL_CALL documentEventOccured(const com::sun::star::document::DocumentEvent& event) override;
+  void SAL_CALL notifyEvent(const com::sun::star::document::EventObject& event) override;
   void SAL_CALL queryClosing(const com::sun::star::lang::EventObject& source, sal_Bool owns) override;
   void SAL_CALL notifyClosing(const com::sun::star::lang::EventObject& source) override;
   void SAL_CALL disposing(const com::sun::star::lang::EventObject& source) override;

@@ -84,7 +84,7 @@ class OfficeClient::Calling {
 };
 
 std::string OfficeClient::Profile() const {
-  return runs_ ? ProfileToStart() : std::string();
+  return runs_ || !ended_ ? ProfileToStart() : std::string();
 }
 
 std::string OfficeClient::ProfileToStart() const {

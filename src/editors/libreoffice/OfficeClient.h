@@ -52,7 +52,7 @@ class OfficeClient : public std::enable_shared_from_this<OfficeClient> {
 
   /// Whether a call waits for its answer.
   bool IsCalling() const { return calls_ > 0; }
-  /// The profile folder of the running office, a native path; empty if none runs.
+  /// The profile folder of the office that runs, or is about to end, a native path; empty if there is none.
   std::string Profile() const;
   const OfficeOptions& Options() const { return options_; }
 

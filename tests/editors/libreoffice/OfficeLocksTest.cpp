@@ -51,6 +51,21 @@ TEST_F(OfficeLocksTest, ALockOfALivingOfficeOfOurOwnCounts) {
   EXPECT_EQ(0, Count(kA));
 }
 
+TEST_F(OfficeLocksTest, ALockOfOurOwnOfficeThatIsAboutToEndDoesNotCount) {
+  Script({kReady, "serve 1", "await go", R"({"event":"ended"})", "await end", "exit 0"});
+  const auto other = Open(*AddGroup(kB), kB);
+  Lock("c.doc", OwnLock(1));
+  std::filesystem::create_directories(Profile(1));
+  const int lock = open((Profile(1) + "/.quillbank-lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  ASSERT_EQ(0, flock(lock, LOCK_EX));
+  Signal("go");
+  RunUntil([&] { return !events_.empty(); });
+  Signal("end");
+  EXPECT_EQ(0, Count(kC));
+  EXPECT_EQ(2U, Starts().size());
+  close(lock);
+}
+
 TEST_F(OfficeLocksTest, AFileThatTheUserHasOpenInOurOfficeCountsAsOpenIfTheOfficeSaysSo) {
   Script({kReady, "serve 1", "on isOpen", R"({"id":$id,"result":{"open":true}})", "on isOpen",
           R"({"id":$id,"result":{"open":false}})", "on isOpen", R"({"id":$id,"error":{"code":"request"}})",

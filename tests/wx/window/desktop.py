@@ -106,9 +106,17 @@ def windows_on_screen():
 
 
 def activate(window):
-    """Brings a window to the front and waits until it has the keyboard, which it may take later than the first place."""
-    run("xdotool", "windowactivate", "--sync", window)
-    wait_until(lambda: run("xdotool", "getwindowfocus").strip() == window, "keyboard for the window")
+    """Brings a window to the front and waits until it has the keyboard, which it may take later than the first place. A
+    window that is only just coming may take both away."""
+    wait_until(lambda: has_keyboard(window), "keyboard for the window")
+
+
+def has_keyboard(window):
+    """Whether the window has the keyboard; if another one is in front, asks for its place."""
+    in_front = subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True)  # fails if there is none
+    if in_front.stdout.strip() != window:
+        run("xdotool", "windowactivate", window)
+    return run("xdotool", "getwindowfocus").strip() == window
 
 
 def write_settings(values):

@@ -72,7 +72,7 @@ class Pair:
                    for x, y, width, height in map(place_of, (self.source, self.translation)))
 
     def activate(self):
-        desktop.run("xdotool", "windowactivate", "--sync", self.translation)
+        desktop.activate(self.translation)
 
     def write(self, text):
         self.activate()
@@ -83,12 +83,12 @@ class Pair:
 
     def close(self, window):
         """As its user closes a window."""
-        desktop.run("xdotool", "windowactivate", "--sync", window)
+        desktop.activate(window)
         desktop.keys("alt+F4")
 
     def close_by_button(self, window):
         """By a click on the button in its frame, which the plainest look of the office may have put out of sight."""
-        desktop.run("xdotool", "windowactivate", "--sync", window)
+        desktop.activate(window)
         # One that fills the screen has its frame in sight, and cannot be moved.
         if place_of(window)[1] < 15:
             desktop.run("xdotool", "windowmove", window, "100", "100")

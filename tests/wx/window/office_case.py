@@ -24,8 +24,17 @@ class OfficeCase(WindowCase):
     def translate(self, document, name, source=None):
         # Windows of the office that are only just coming put themselves in front.
         desktop.wait_until(lambda: self.select(document), f"selection of {document}")
+        before = self.translated()
         desktop.keys("ctrl+t")
-        return office.Pair(name, source)
+        pair = office.Pair(name, source)
+        # Until then the windows are put in their places, and to the front.
+        desktop.wait_until(lambda: self.translated() > before, f"end of the opening of {document}")
+        return pair
+
+    def translated(self):
+        """How many openings the protocol tells of that came to their end."""
+        protocol = self.package.with_name("Protocol.txt")
+        return protocol.read_bytes().count(b"Translating: ") if protocol.exists() else 0
 
     def select(self, document):
         self.program.focus_window()

@@ -59,7 +59,7 @@ class OfficeTest(OfficeCase):
         # The source was opened before, and stays for its user to close.
         windows = office.windows_of(WORD_FILE)
         self.assertEqual(["(read-only)" in office.title_of(window) for window in windows], [True])
-        desktop.run("xdotool", "windowactivate", "--sync", windows[0])
+        desktop.activate(windows[0])
         desktop.keys("alt+F4")
         desktop.wait_until(lambda: not office.windows_of(WORD_FILE), "end of the source's window")
         file.write_bytes(whole)

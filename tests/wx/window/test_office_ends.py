@@ -96,7 +96,7 @@ class EndsTest(EndCase):
     def test_source_takes_neither_keys_nor_a_save(self):
         source = self.file(SOURCE).read_bytes()
         pair = self.open_word()
-        desktop.run("xdotool", "windowactivate", "--sync", pair.source)
+        desktop.activate(pair.source)
         desktop.run("xdotool", "type", "--clearmodifiers", "Not here ")
         desktop.keys("ctrl+s")
         pair.write("But here ")

@@ -25,7 +25,7 @@ class WaitTest(OfficeCase):
         shown = desktop.wait_until(lambda: self.picture(window, "office-starting"), "picture of the window")
         # What was hidden has to be drawn anew.
         desktop.run("xdotool", "windowminimize", "--sync", window)
-        desktop.run("xdotool", "windowactivate", "--sync", window)
+        desktop.activate(window)
         desktop.wait_until(lambda: self.picture(window, "office-starting-again") == shown, "window drawn anew")
         office.release_office()
         pair = office.Pair(WORD_FILE)

@@ -50,7 +50,7 @@ class EventListener : public cppu::WeakImplHelper1<com::sun::star::document::XDo
   EventListener(std::string event, std::function<void()> then)
       : event_(std::move(event)), then_(std::move(then)) {}
   void SAL_CALL documentEventOccured(const com::sun::star::document::DocumentEvent& event) override {
-    // Letting go of a view inside the office's call can hang the office.
+    // As the helper keeps its documents.
     views_.push_back(event.ViewController);
     if (ToUtf8(event.EventName) == event_) then_();
   }

@@ -22,8 +22,7 @@ struct LastWords {
 /// Tells what becomes of one document. The office calls it on threads of its own.
 ///
 /// It hears the events that bear the document alone. The newer kind, which is to take their place, bears the
-/// document's view too. Were we the last to let go of that, the office would end it before it takes our next
-/// answer, and wait with that for its main thread, which waits for the answer.
+/// document's view too, which would have to be kept as the document is: see `OfficeConnection::Keep`.
 class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::XEventListener,
                                                       com::sun::star::util::XCloseListener> {
  public:

@@ -15,6 +15,7 @@
 #include <mutex>
 #include <rtl/ref.hxx>
 #include <utility>
+#include <vector>
 
 #include "apps/office/Failure.h"
 #include "apps/office/UnoText.h"
@@ -46,6 +47,7 @@ struct OfficeConnection::Line {
   Reference<uno::XComponentContext> context;
   Reference<com::sun::star::frame::XDesktop2> desktop;
   Reference<awt::XRequestCallback> mainThread;
+  std::vector<Reference<com::sun::star::frame::XModel>> kept;
 };
 
 namespace {
@@ -263,6 +265,11 @@ Reference<uno::XComponentContext> OfficeConnection::Context() const {
 
 Reference<com::sun::star::frame::XDesktop2> OfficeConnection::Desktop() const {
   return line_->desktop;
+}
+
+void OfficeConnection::Keep(const Reference<com::sun::star::frame::XModel>& document) const {
+  const std::lock_guard lock(line_->mutex);
+  line_->kept.push_back(document);
 }
 
 }  // namespace qb::office

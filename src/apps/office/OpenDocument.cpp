@@ -79,6 +79,7 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
     if (!readOnly && HasLock(path)) throw Failure("locked", path + " is open in another office");
     throw Failure("damaged", path + " cannot be read by the office");
   }
+  office.Keep(opened.model);
   opened.loaded = std::chrono::steady_clock::now();
   opened.isAsAsked = Reference<frame::XStorable>(opened.model, UNO_QUERY_THROW)->isReadonly() ==
                      static_cast<sal_Bool>(readOnly);

@@ -1,6 +1,7 @@
 #include "apps/office/DocumentListener.h"
 
-#include <com/sun/star/document/XEventBroadcaster.hpp>
+#include <algorithm>
+#include <com/sun/star/document/XDocumentEventBroadcaster.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <exception>
 #include <iostream>
@@ -28,14 +29,19 @@ DocumentListener::DocumentListener(int document, std::string path, std::string k
 }
 
 void DocumentListener::Listen(const Reference<com::sun::star::frame::XModel>& model) {
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-  Reference<document::XEventBroadcaster>(model, UNO_QUERY_THROW)->addEventListener(this);
-#pragma GCC diagnostic pop
+  Reference<document::XDocumentEventBroadcaster>(model, UNO_QUERY_THROW)->addDocumentEventListener(this);
   Reference<com::sun::star::util::XCloseable>(model, UNO_QUERY_THROW)->addCloseListener(this);
 }
 
-void DocumentListener::notifyEvent(const document::EventObject& event) {
+void DocumentListener::Keep(const Reference<com::sun::star::frame::XController2>& view) {
+  const std::lock_guard lock(viewsMutex_);
+  const bool isKept = std::any_of(views_.begin(), views_.end(),
+                                  [&view](const auto& kept) { return kept.get() == view.get(); });
+  if (!isKept) views_.push_back(view);
+}
+
+void DocumentListener::documentEventOccured(const document::DocumentEvent& event) {
+  Keep(event.ViewController);
   if (event.EventName == "OnSaveAsDone") {
     const Reference<com::sun::star::frame::XModel> model(event.Source, UNO_QUERY);
     isOwnFile_ = model.is() && IsSameFile(FilePath(model->getURL()), path_);

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <atomic>
-#include <com/sun/star/document/XEventListener.hpp>
+#include <com/sun/star/document/XDocumentEventListener.hpp>
+#include <com/sun/star/frame/XController2.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <com/sun/star/util/XCloseListener.hpp>
 #include <cppuhelper/implbase2.hxx>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "apps/office/Happenings.h"
 
@@ -20,10 +23,7 @@ struct LastWords {
 };
 
 /// Tells what becomes of one document. The office calls it on threads of its own.
-///
-/// It hears the events that bear the document alone. The newer kind, which is to take their place, bears the
-/// document's view too, which would have to be kept as the document is: see `OfficeConnection::Keep`.
-class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::XEventListener,
+class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::XDocumentEventListener,
                                                       com::sun::star::util::XCloseListener> {
  public:
   /// `happenings` outlives the line to the office. `base` is what the addresses in the last words are
@@ -42,12 +42,14 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
   /// What its last save left, of a document that is closed and was not asked since; else nothing.
   const std::optional<LastWords>& Last() const { return last_; }
 
-  void SAL_CALL notifyEvent(const com::sun::star::document::EventObject& event) override;
+  void SAL_CALL documentEventOccured(const com::sun::star::document::DocumentEvent& event) override;
   void SAL_CALL queryClosing(const com::sun::star::lang::EventObject& source, sal_Bool owns) override;
   void SAL_CALL notifyClosing(const com::sun::star::lang::EventObject& source) override;
   void SAL_CALL disposing(const com::sun::star::lang::EventObject& source) override;
 
  private:
+  void Keep(const com::sun::star::uno::Reference<com::sun::star::frame::XController2>& view);
+
   const int document_;
   const std::string path_;
   const std::string kind_;
@@ -61,6 +63,9 @@ class DocumentListener : public cppu::WeakImplHelper2<com::sun::star::document::
   std::atomic<int> known_ = 0;
   /// Written before the close is told, read behind it.
   std::optional<LastWords> last_;
+  /// All views of the document, kept as the document is: see `OfficeConnection::Keep`.
+  std::vector<com::sun::star::uno::Reference<com::sun::star::frame::XController2>> views_;
+  std::mutex viewsMutex_;
 };
 
 }  // namespace qb::office

@@ -47,7 +47,7 @@ struct OfficeConnection::Line {
   Reference<uno::XComponentContext> context;
   Reference<com::sun::star::frame::XDesktop2> desktop;
   Reference<awt::XRequestCallback> mainThread;
-  std::vector<Reference<com::sun::star::frame::XModel>> kept;
+  std::vector<Reference<uno::XInterface>> kept;
 };
 
 namespace {
@@ -267,9 +267,9 @@ Reference<com::sun::star::frame::XDesktop2> OfficeConnection::Desktop() const {
   return line_->desktop;
 }
 
-void OfficeConnection::Keep(const Reference<com::sun::star::frame::XModel>& document) const {
+void OfficeConnection::Keep(const Reference<uno::XInterface>& borne) const {
   const std::lock_guard lock(line_->mutex);
-  line_->kept.push_back(document);
+  line_->kept.push_back(borne);
 }
 
 }  // namespace qb::office

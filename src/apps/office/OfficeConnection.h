@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <com/sun/star/frame/XDesktop2.hpp>
-#include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <functional>
 #include <memory>
@@ -41,10 +40,10 @@ class OfficeConnection {
   /// Only for use inside `work`.
   com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> Context() const;
   com::sun::star::uno::Reference<com::sun::star::frame::XDesktop2> Desktop() const;
-  /// Holds a document, closed or not, for as long as the line stands. Else the last one to let go of it can
-  /// be the office's thread that writes to us, after an event that bears the document: it would end the
+  /// Holds what the office's events bear, closed or not, for as long as the line stands. Else the last one to
+  /// let go of it can be the office's thread that writes to us, after it has sent the event: it would end the
   /// document, and wait with that for the main thread, which waits for what that thread is to write next.
-  void Keep(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document) const;
+  void Keep(const com::sun::star::uno::Reference<com::sun::star::uno::XInterface>& borne) const;
 
   /// What both sides of a call share.
   struct Line;

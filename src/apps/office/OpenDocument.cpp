@@ -85,6 +85,7 @@ OpenDocument Open(const OfficeConnection& office, int number, const std::string&
                      static_cast<sal_Bool>(readOnly);
   if (!opened.isAsAsked) return opened;
   opened.listener.set(new DocumentListener(number, path, opened.kind, base, office.Context(), happenings));
+  office.Keep(static_cast<cppu::OWeakObject*>(opened.listener.get()));
   opened.listener->Listen(opened.model);
   return opened;
 }
